@@ -1,0 +1,19 @@
+# Install rules and the exported package, so a host can find_package(Win).
+include(CMakePackageConfigHelpers)
+
+install(TARGETS Win platform EXPORT WinTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/Win/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Win
+        FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/include/
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Win/platform FILES_MATCHING PATTERN "*.h")
+install(EXPORT WinTargets NAMESPACE Win:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Win)
+
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/WinConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/WinConfig.cmake INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Win)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/WinConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/WinConfig.cmake ${PROJECT_BINARY_DIR}/WinConfigVersion.cmake
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Win)

@@ -1,0 +1,113 @@
+// CString: the framework's string of UTF-16 code units.
+#pragma once
+
+#include "windef.h"
+
+#include <string>
+#include <string_view>
+
+class CString {
+public:
+    CString() = default;
+    CString(const CString&) = default;
+    CString(CString&&) noexcept = default;
+    CString(LPCWSTR text);
+    CString(LPCWSTR text, int length);
+    // Narrow text is converted through the ANSI code page.
+    CString(LPCSTR text);
+    explicit CString(WCHAR ch, int repeat = 1);
+    explicit CString(std::u16string_view text) : m_str(text) {}
+
+    CString& operator=(const CString&) = default;
+    CString& operator=(CString&&) noexcept = default;
+    CString& operator=(LPCWSTR text);
+    CString& operator=(WCHAR ch);
+
+    int GetLength() const { return static_cast<int>(m_str.size()); }
+    bool IsEmpty() const { return m_str.empty(); }
+    void Empty() { m_str.clear(); }
+    WCHAR GetAt(int index) const { return m_str.at(static_cast<std::size_t>(index)); }
+    void SetAt(int index, WCHAR ch) { m_str.at(static_cast<std::size_t>(index)) = ch; }
+    WCHAR operator[](int index) const { return GetAt(index); }
+    LPCWSTR GetString() const { return m_str.c_str(); }
+    operator LPCWSTR() const { return m_str.c_str(); }
+    const std::u16string& Str() const { return m_str; }
+
+    // Direct access to the characters: the buffer holds at least minLength
+    // characters plus a terminating zero until ReleaseBuffer.
+    LPWSTR GetBuffer(int minLength = 0);
+    LPWSTR GetBufferSetLength(int length);
+    // Sets the length to newLength, or up to the first zero when it is -1.
+    void ReleaseBuffer(int newLength = -1);
+
+    CString& operator+=(const CString& other);
+    CString& operator+=(LPCWSTR text);
+    CString& operator+=(WCHAR ch);
+    void Append(LPCWSTR text, int length) { m_str.append(text, static_cast<std::size_t>(length)); }
+    void AppendChar(WCHAR ch) { m_str.push_back(ch); }
+
+    CString Left(int count) const;
+    CString Right(int count) const;
+    CString Mid(int first) const;
+    CString Mid(int first, int count) const;
+
+    int Find(WCHAR ch, int start = 0) const;
+    int Find(LPCWSTR sub, int start = 0) const;
+    int ReverseFind(WCHAR ch) const;
+    int FindOneOf(LPCWSTR chars) const;
+    int Replace(WCHAR oldCh, WCHAR newCh);
+    int Replace(LPCWSTR oldText, LPCWSTR newText);
+    int Remove(WCHAR ch);
+    int Insert(int index, WCHAR ch);
+    int Insert(int index, LPCWSTR text);
+    int Delete(int index, int count = 1);
+
+    // Case mapping folds A to Z only, as the runtime does in the "C" locale.
+    CString& MakeUpper();
+    CString& MakeLower();
+    CString& MakeReverse();
+    CString& Trim();
+    CString& TrimLeft();
+    CString& TrimRight();
+    CString& Trim(WCHAR ch);
+    CString& TrimLeft(WCHAR ch);
+    CString& TrimRight(WCHAR ch);
+    CString& Trim(LPCWSTR chars);
+    CString& TrimLeft(LPCWSTR chars);
+    CString& TrimRight(LPCWSTR chars);
+
+    // Ordinal comparisons: negative, zero or positive.
+    int Compare(LPCWSTR other) const;
+    int CompareNoCase(LPCWSTR other) const;
+
+    // printf-style formatting: %s and %c take UTF-16 text and characters, %S
+    // and %hs narrow text; the numeric conversions follow the C runtime.
+    void Format(LPCWSTR format, ...);
+    void AppendFormat(LPCWSTR format, ...);
+
+    friend CString operator+(const CString& a, const CString& b);
+    friend CString operator+(const CString& a, LPCWSTR b);
+    friend CString operator+(LPCWSTR a, const CString& b);
+    friend CString operator+(const CString& a, WCHAR b);
+    friend CString operator+(WCHAR a, const CString& b);
+
+    friend bool operator==(const CString& a, const CString& b) { return a.m_str == b.m_str; }
+    friend bool operator==(const CString& a, LPCWSTR b) { return a.Compare(b) == 0; }
+    friend bool operator<(const CString& a, const CString& b) { return a.m_str < b.m_str; }
+    friend bool operator>(const CString& a, const CString& b) { return b.m_str < a.m_str; }
+    friend bool operator<=(const CString& a, const CString& b) { return !(b.m_str < a.m_str); }
+    friend bool operator>=(const CString& a, const CString& b) { return !(a.m_str < b.m_str); }
+
+private:
+    std::u16string m_str;
+    // GetBuffer hands out m_str's storage; ReleaseBuffer fixes the length.
+};
+
+namespace platform {
+// UTF-8 copies of UTF-16 text, for file names and diagnostics (unpaired
+// surrogates become U+FFFD).
+std::string ToUtf8(std::u16string_view text);
+CString FromUtf8(std::string_view text);
+} // namespace platform
+
+typedef CString CStringW;

@@ -1,0 +1,30 @@
+// Live-object accounting for GDI objects and access to pixels, for tests and
+// example hosts.
+#pragma once
+
+#include "../windef.h"
+
+#include <string>
+
+namespace platform {
+
+// Objects created and not yet deleted; stock objects do not count.
+struct GdiCounts {
+    int pens = 0;
+    int brushes = 0;
+    int fonts = 0;
+    int bitmaps = 0;
+    int dcs = 0;
+    bool operator==(const GdiCounts&) const = default;
+};
+GdiCounts LiveGdiObjects();
+std::string ToString(const GdiCounts& counts);
+
+// Writes what a DC shows (its bitmap, window or the screen) as a PNG file.
+bool SaveDcAsPng(HDC hdc, const std::string& path);
+bool SaveBitmapAsPng(HBITMAP bitmap, const std::string& path);
+
+// The font file a font resolves to, for tests that check the alias table.
+std::string ResolvedFontFile(HFONT font);
+
+} // namespace platform

@@ -1,0 +1,200 @@
+// GDI: device contexts, pens, brushes, fonts and bitmaps. Integer coordinates
+// name pixel centres; lines and fills are not anti-aliased.
+#pragma once
+
+#include "windef.h"
+
+#define LF_FACESIZE 32
+
+#define FW_DONTCARE 0
+#define FW_NORMAL 400
+#define FW_BOLD 700
+
+#define ANSI_CHARSET 0
+#define DEFAULT_CHARSET 1
+
+typedef struct tagLOGFONTW {
+    LONG lfHeight;
+    LONG lfWidth;
+    LONG lfEscapement;
+    LONG lfOrientation;
+    LONG lfWeight;
+    BYTE lfItalic;
+    BYTE lfUnderline;
+    BYTE lfStrikeOut;
+    BYTE lfCharSet;
+    BYTE lfOutPrecision;
+    BYTE lfClipPrecision;
+    BYTE lfQuality;
+    BYTE lfPitchAndFamily;
+    WCHAR lfFaceName[LF_FACESIZE];
+} LOGFONTW, *LPLOGFONTW, LOGFONT, *LPLOGFONT;
+
+typedef struct tagTEXTMETRICW {
+    LONG tmHeight;
+    LONG tmAscent;
+    LONG tmDescent;
+    LONG tmInternalLeading;
+    LONG tmExternalLeading;
+    LONG tmAveCharWidth;
+    LONG tmMaxCharWidth;
+    LONG tmWeight;
+    LONG tmOverhang;
+    LONG tmDigitizedAspectX;
+    LONG tmDigitizedAspectY;
+    WCHAR tmFirstChar;
+    WCHAR tmLastChar;
+    WCHAR tmDefaultChar;
+    WCHAR tmBreakChar;
+    BYTE tmItalic;
+    BYTE tmUnderlined;
+    BYTE tmStruckOut;
+    BYTE tmPitchAndFamily;
+    BYTE tmCharSet;
+} TEXTMETRICW, *LPTEXTMETRICW, TEXTMETRIC, *LPTEXTMETRIC;
+
+typedef struct tagLOGBRUSH {
+    UINT lbStyle;
+    COLORREF lbColor;
+    ULONG_PTR lbHatch;
+} LOGBRUSH, *LPLOGBRUSH;
+
+typedef struct tagLOGPEN {
+    UINT lopnStyle;
+    POINT lopnWidth;
+    COLORREF lopnColor;
+} LOGPEN, *LPLOGPEN;
+
+// Pen styles.
+#define PS_SOLID 0
+#define PS_DASH 1
+#define PS_DOT 2
+#define PS_NULL 5
+#define PS_STYLE_MASK 0x0000000F
+#define PS_ENDCAP_ROUND 0x00000000
+#define PS_ENDCAP_SQUARE 0x00000100
+#define PS_ENDCAP_FLAT 0x00000200
+#define PS_ENDCAP_MASK 0x00000F00
+#define PS_JOIN_ROUND 0x00000000
+#define PS_JOIN_BEVEL 0x00001000
+#define PS_JOIN_MITER 0x00002000
+#define PS_JOIN_MASK 0x0000F000
+#define PS_COSMETIC 0x00000000
+#define PS_GEOMETRIC 0x00010000
+#define PS_TYPE_MASK 0x000F0000
+
+// Brush styles.
+#define BS_SOLID 0
+#define BS_NULL 1
+#define BS_HOLLOW BS_NULL
+
+// Background modes.
+#define TRANSPARENT 1
+#define OPAQUE 2
+
+// Polygon fill modes.
+#define ALTERNATE 1
+#define WINDING 2
+
+#define CLR_INVALID 0xFFFFFFFF
+
+// Stock objects.
+#define WHITE_BRUSH 0
+#define LTGRAY_BRUSH 1
+#define GRAY_BRUSH 2
+#define DKGRAY_BRUSH 3
+#define BLACK_BRUSH 4
+#define NULL_BRUSH 5
+#define HOLLOW_BRUSH NULL_BRUSH
+#define WHITE_PEN 6
+#define BLACK_PEN 7
+#define NULL_PEN 8
+#define OEM_FIXED_FONT 10
+#define ANSI_FIXED_FONT 11
+#define ANSI_VAR_FONT 12
+#define SYSTEM_FONT 13
+#define DEVICE_DEFAULT_FONT 14
+#define SYSTEM_FIXED_FONT 16
+#define DEFAULT_GUI_FONT 17
+
+// GetObjectType results.
+#define OBJ_PEN 1
+#define OBJ_BRUSH 2
+#define OBJ_DC 3
+#define OBJ_FONT 6
+#define OBJ_BITMAP 7
+#define OBJ_MEMDC 10
+
+// GetDeviceCaps indices.
+#define HORZRES 8
+#define VERTRES 10
+#define BITSPIXEL 12
+#define LOGPIXELSX 88
+#define LOGPIXELSY 90
+#define PHYSICALWIDTH 110
+#define PHYSICALHEIGHT 111
+
+// Raster operations.
+#define SRCCOPY 0x00CC0020
+#define PATCOPY 0x00F00021
+
+#define HGDI_ERROR ((HGDIOBJ)(intptr_t)-1)
+
+HDC CreateCompatibleDC(HDC hdc);
+BOOL DeleteDC(HDC hdc);
+HGDIOBJ SelectObject(HDC hdc, HGDIOBJ obj);
+BOOL DeleteObject(HGDIOBJ obj);
+HGDIOBJ GetStockObject(int index);
+HGDIOBJ GetCurrentObject(HDC hdc, UINT type);
+DWORD GetObjectType(HGDIOBJ obj);
+int GetObjectW(HGDIOBJ obj, int size, LPVOID out);
+#define GetObject GetObjectW
+
+HFONT CreateFontIndirectW(const LOGFONTW* lf);
+#define CreateFontIndirect CreateFontIndirectW
+HPEN CreatePen(int style, int width, COLORREF color);
+HPEN ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD styleCount,
+                  const DWORD* styles);
+HBRUSH CreateSolidBrush(COLORREF color);
+HBITMAP CreateCompatibleBitmap(HDC hdc, int cx, int cy);
+
+COLORREF SetTextColor(HDC hdc, COLORREF color);
+COLORREF GetTextColor(HDC hdc);
+COLORREF SetBkColor(HDC hdc, COLORREF color);
+COLORREF GetBkColor(HDC hdc);
+int SetBkMode(HDC hdc, int mode);
+int GetBkMode(HDC hdc);
+int SetPolyFillMode(HDC hdc, int mode);
+int GetDeviceCaps(HDC hdc, int index);
+
+BOOL TextOutW(HDC hdc, int x, int y, LPCWSTR text, int count);
+#define TextOut TextOutW
+BOOL GetTextExtentPoint32W(HDC hdc, LPCWSTR text, int count, LPSIZE size);
+#define GetTextExtentPoint32 GetTextExtentPoint32W
+BOOL GetTextMetricsW(HDC hdc, LPTEXTMETRICW tm);
+#define GetTextMetrics GetTextMetricsW
+BOOL MoveToEx(HDC hdc, int x, int y, LPPOINT previous);
+BOOL LineTo(HDC hdc, int x, int y);
+BOOL Polyline(HDC hdc, const POINT* points, int count);
+BOOL Polygon(HDC hdc, const POINT* points, int count);
+BOOL Rectangle(HDC hdc, int left, int top, int right, int bottom);
+BOOL PatBlt(HDC hdc, int x, int y, int w, int h, DWORD rop);
+BOOL BitBlt(HDC dst, int x, int y, int cx, int cy, HDC src, int x1, int y1, DWORD rop);
+COLORREF GetPixel(HDC hdc, int x, int y);
+COLORREF SetPixel(HDC hdc, int x, int y, COLORREF color);
+int GetClipBox(HDC hdc, LPRECT rect);
+
+// Printing.
+typedef struct _DOCINFOW {
+    int cbSize;
+    LPCWSTR lpszDocName;
+    LPCWSTR lpszOutput;
+    LPCWSTR lpszDatatype;
+    DWORD fwType;
+} DOCINFOW, *LPDOCINFOW, DOCINFO, *LPDOCINFO;
+int StartDocW(HDC hdc, const DOCINFOW* info);
+#define StartDoc StartDocW
+int EndDoc(HDC hdc);
+int StartPage(HDC hdc);
+int EndPage(HDC hdc);
+int AbortDoc(HDC hdc);
