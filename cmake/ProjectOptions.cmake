@@ -19,3 +19,26 @@ function(win_add_test_dir name dir)
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
                          PROPERTIES ENVIRONMENT "WIN_TEST_OUT=${CMAKE_BINARY_DIR}/test-out")
 endfunction()
+
+# A Google Benchmark program.
+function(win_add_benchmark name)
+    find_package(benchmark REQUIRED)
+    add_executable(${name} ${ARGN})
+    target_link_libraries(${name} PRIVATE Win platform benchmark::benchmark win_project_options)
+endfunction()
+
+# A fuzz target: a libFuzzer program in the fuzz preset, otherwise a replay program
+# that runs every file of the corpus directory once, registered with CTest.
+function(win_add_fuzzer name corpus)
+    add_executable(${name} ${ARGN})
+    target_link_libraries(${name} PRIVATE Win platform win_project_options)
+    if(WIN_BUILD_FUZZ)
+        target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
+        target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+    else()
+        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/fuzz/replay_main.cpp)
+        if(WIN_BUILD_TESTS)
+            add_test(NAME ${name}_replay COMMAND ${name} ${corpus})
+        endif()
+    endif()
+endfunction()
