@@ -1,6 +1,9 @@
 // Every public class of the library.
 #pragma once
 
+#include "Win/render/ScreenCharRenderer.h"
 #include "Win/screen/CursorPos.h"
+#include "Win/screen/EmulatorLayout.h"
 #include "Win/screen/FontStyle.h"
 #include "Win/screen/ScreenChar.h"
+#include "Win/utils/WinUtils.h"

@@ -2,9 +2,9 @@
 
 #include "winbase.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
-#include <algorithm>
 #include <cwchar>
 #include <stdexcept>
 
@@ -45,7 +45,8 @@ template <typename T> void AppendNumber(std::u16string& out, const std::string& 
         out.push_back(static_cast<unsigned char>(buf[i]));
 }
 
-void AppendPadded(std::u16string& out, std::u16string_view text, bool left, int width, int precision) {
+void AppendPadded(std::u16string& out, std::u16string_view text, bool left, int width,
+                  int precision) {
     if (precision >= 0 && static_cast<std::size_t>(precision) < text.size())
         text = text.substr(0, static_cast<std::size_t>(precision));
     std::size_t pad = width > 0 && static_cast<std::size_t>(width) > text.size()
@@ -210,7 +211,8 @@ CString::CString(LPCSTR text) {
     m_str.resize(n > 0 ? static_cast<std::size_t>(n) : 0);
 }
 
-CString::CString(WCHAR ch, int repeat) : m_str(repeat > 0 ? static_cast<std::size_t>(repeat) : 0, ch) {}
+CString::CString(WCHAR ch, int repeat)
+    : m_str(repeat > 0 ? static_cast<std::size_t>(repeat) : 0, ch) {}
 
 CString& CString::operator=(LPCWSTR text) {
     m_str = View(text);

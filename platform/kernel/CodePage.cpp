@@ -107,8 +107,8 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR src, int srcLen, LPWS
     return n;
 }
 
-int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR src, int srcLen, LPSTR dst,
-                        int dstLen, LPCSTR defaultChar, LPBOOL usedDefaultChar) {
+int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR src, int srcLen, LPSTR dst, int dstLen,
+                        LPCSTR defaultChar, LPBOOL usedDefaultChar) {
     if (!src || srcLen == 0 || dstLen < 0) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return 0;
@@ -131,7 +131,8 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR src, int srcLen, LPS
     }
     UErrorCode status = U_ZERO_ERROR;
     bool strict = utf8 && (flags & WC_ERR_INVALID_CHARS);
-    ucnv_setFromUCallBack(conv, strict ? UCNV_FROM_U_CALLBACK_STOP : UCNV_FROM_U_CALLBACK_SUBSTITUTE,
+    ucnv_setFromUCallBack(conv,
+                          strict ? UCNV_FROM_U_CALLBACK_STOP : UCNV_FROM_U_CALLBACK_SUBSTITUTE,
                           nullptr, nullptr, nullptr, &status);
     if (!utf8) {
         status = U_ZERO_ERROR;

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 void Observable::AttachObserver(Observer* observer) {
-    if (observer && std::find(m_observers.begin(), m_observers.end(), observer) == m_observers.end())
+    if (observer &&
+        std::find(m_observers.begin(), m_observers.end(), observer) == m_observers.end())
         m_observers.push_back(observer);
 }
 
