@@ -8,7 +8,7 @@ namespace {
 
 // A taller window than this is treated as this tall: it bounds the cell array
 // however large a size the host reports.
-constexpr int kMaxWindowRows = 1000;
+constexpr int kMaxWindowRows = 512;
 // Spare rows allocated beyond a requested height when the host asks for them.
 constexpr int kReserveRows = 4;
 

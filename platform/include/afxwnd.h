@@ -7,6 +7,9 @@
 // A window object attached to a window handle. Messages reach WindowProc, which
 // hands the ones the framework knows to the virtual On... handlers and the rest
 // to DefWindowProc.
+class CWnd;
+LRESULT AfxCallWndProc(CWnd* wnd, HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
+
 class CWnd : public CObject {
 public:
     HWND m_hWnd = nullptr;
@@ -60,6 +63,9 @@ public:
 
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+
+    // Hands a message for hwnd to wnd's WindowProc.
+    friend LRESULT AfxCallWndProc(CWnd* wnd, HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 
 protected:
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
