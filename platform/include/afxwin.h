@@ -126,3 +126,5 @@ private:
     CDC(const CDC&) = delete;
     CDC& operator=(const CDC&) = delete;
 };
+
+#include "afxwnd.h"
