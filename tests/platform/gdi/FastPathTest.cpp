@@ -1,0 +1,100 @@
+// The direct pixel paths (glyph blits, axis-aligned strokes, rectangles) must
+// give exactly what drawing everything through Cairo gives.
+#include "support/Pixels.h"
+
+#include <platform/GdiObjects.h>
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+using namespace testing_support;
+
+namespace {
+
+constexpr int kWidth = 160;
+constexpr int kHeight = 100;
+
+std::vector<COLORREF> Snapshot(CDC& dc) {
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < kHeight; ++y)
+        for (int x = 0; x < kWidth; ++x)
+            pixels.push_back(dc.GetPixel(x, y));
+    return pixels;
+}
+
+// Draws the same scene twice, with and without the direct paths.
+template <class Scene> void ExpectSamePixels(Scene scene) {
+    std::vector<COLORREF> runs[2];
+    for (int fast = 0; fast < 2; ++fast) {
+        platform::SetFastPaths(fast == 1);
+        Canvas canvas(kWidth, kHeight, RGB(0, 0, 64));
+        scene(canvas.dc());
+        runs[fast] = Snapshot(canvas.dc());
+    }
+    platform::SetFastPaths(true);
+    int differences = 0;
+    for (size_t i = 0; i < runs[0].size(); ++i)
+        if (runs[0][i] != runs[1][i] && differences++ < 5)
+            ADD_FAILURE() << "pixel " << i % kWidth << "," << i / kWidth << ": Cairo " << std::hex
+                          << runs[0][i] << ", direct " << runs[1][i];
+    EXPECT_EQ(differences, 0);
+}
+
+} // namespace
+
+TEST(FastPaths, AxisAlignedStrokesMatchCairo) {
+    for (int width : {0, 1, 2, 3, 4, 5}) {
+        for (DWORD join : {DWORD{PS_JOIN_ROUND}, DWORD{PS_JOIN_BEVEL}}) {
+            ExpectSamePixels([&](CDC& dc) {
+                std::mt19937 random(7 + width); // the same strokes in both runs
+                LOGBRUSH brush{BS_SOLID, RGB(250, 250, 0), 0};
+                CPen pen;
+                pen.CreatePen(PS_GEOMETRIC | PS_ENDCAP_FLAT | join, width, &brush);
+                CPen* old = dc.SelectObject(&pen);
+                for (int n = 0; n < 20; ++n) {
+                    // A polyline of up to four axis-aligned steps.
+                    std::vector<POINT> points{{static_cast<LONG>(random() % kWidth),
+                                               static_cast<LONG>(random() % kHeight)}};
+                    int steps = 1 + static_cast<int>(random() % 3);
+                    for (int s = 0; s < steps; ++s) {
+                        POINT next = points.back();
+                        int delta = 1 + static_cast<int>(random() % 30);
+                        if (random() % 2)
+                            delta = -delta;
+                        (s % 2 ? next.y : next.x) += delta;
+                        points.push_back(next);
+                    }
+                    dc.Polyline(points.data(), static_cast<int>(points.size()));
+                }
+                dc.SelectObject(old);
+            });
+        }
+    }
+}
+
+TEST(FastPaths, GlyphBlitsMatchCairoText) {
+    for (const char16_t* face : {u"Courier New", u"Lucida Console"}) {
+        for (LONG height : {-13L, -16L, -40L}) {
+            for (LONG weight : {FW_NORMAL, FW_BOLD}) {
+                ExpectSamePixels([&](CDC& dc) {
+                    LOGFONT lf{};
+                    lf.lfHeight = height;
+                    lf.lfWeight = weight;
+                    std::char_traits<char16_t>::copy(lf.lfFaceName, face,
+                                                     std::char_traits<char16_t>::length(face));
+                    CFont font;
+                    font.CreateFontIndirect(&lf);
+                    CFont* old = dc.SelectObject(&font);
+                    dc.SetTextColor(RGB(255, 255, 255));
+                    dc.SetBkColor(RGB(0, 90, 0));
+                    dc.TextOut(2, 2, CString(u"Ag#@|_~\u00A3\u00B0"));
+                    dc.SetBkMode(TRANSPARENT);
+                    dc.TextOut(3, 50, CString(u"Wij{}%"));
+                    dc.SelectObject(old);
+                });
+            }
+        }
+    }
+}
