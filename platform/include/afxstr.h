@@ -40,6 +40,10 @@ public:
     // Sets the length to newLength, or up to the first zero when it is -1.
     void ReleaseBuffer(int newLength = -1);
 
+    // Loads string resource id through the chain of resource modules; false
+    // (and the string unchanged) when no module has it.
+    BOOL LoadString(UINT id);
+
     CString& operator+=(const CString& other);
     CString& operator+=(LPCWSTR text);
     CString& operator+=(WCHAR ch);

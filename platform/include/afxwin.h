@@ -124,3 +124,4 @@ private:
     CDC(const CDC&) = delete;
     CDC& operator=(const CDC&) = delete;
 };
+#include "afxdll_.h"
