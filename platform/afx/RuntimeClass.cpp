@@ -76,6 +76,20 @@ CObject* CRuntimeClass::CreateObject(LPCWSTR className) {
 
 AFX_CLASSINIT::AFX_CLASSINIT(CRuntimeClass* newClass) {
     AFX_MODULE_STATE* state = AfxGetModuleState();
+    // A module's static constructors may run after its entry joined the chain
+    // (the order inside one source file is the compiler's): such a class goes
+    // straight to its module's list.
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                           GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCWSTR>(newClass), &module);
+    for (CDynLinkLibrary* dll = state->m_libraryList; dll; dll = dll->m_pNextDLL) {
+        if (module && dll->m_hModule == module) {
+            newClass->m_pNextClass = dll->m_classList;
+            dll->m_classList = newClass;
+            return;
+        }
+    }
     newClass->m_pNextClass = state->m_classList;
     state->m_classList = newClass;
 }

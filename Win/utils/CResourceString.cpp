@@ -1,0 +1,7 @@
+#include "Win/utils/CResourceString.h"
+
+CResourceString::CResourceString(UINT id) {
+    LoadString(id);
+}
+
+CResourceString::~CResourceString() = default;
