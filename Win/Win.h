@@ -8,6 +8,7 @@
 #include "Win/screen/CursorPos.h"
 #include "Win/screen/EmulatorLayout.h"
 #include "Win/screen/FontStyle.h"
+#include "Win/screen/ScreenBuffer.h"
 #include "Win/screen/ScreenChar.h"
 #include "Win/utils/CResourceString.h"
 #include "Win/utils/WinUtils.h"

@@ -6,6 +6,10 @@ if(WIN_SANITIZE)
         -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
     target_link_options(win_project_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(WIN_BUILD_FUZZ)
+    # Coverage for the libraries too, so the fuzzer is guided through them.
+    target_compile_options(win_project_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # Adds one GoogleTest binary made of every .cpp below DIR, registered with CTest.
 function(win_add_test_dir name dir)

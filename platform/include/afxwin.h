@@ -57,7 +57,7 @@ public:
 class CBitmap : public CGdiObject {
 public:
     BOOL CreateCompatibleBitmap(CDC* dc, int width, int height);
-    CSize GetBitmapDimension() const;
+    int GetBitmap(BITMAP* bitmap) const { return GetObject(sizeof(BITMAP), bitmap); }
     operator HBITMAP() const { return static_cast<HBITMAP>(m_hObject); }
     static CBitmap* FromHandle(HBITMAP handle);
 };
@@ -100,6 +100,8 @@ public:
 
     BOOL TextOut(int x, int y, LPCTSTR text, int count);
     BOOL TextOut(int x, int y, const CString& text);
+    BOOL ExtTextOut(int x, int y, UINT options, LPCRECT rect, LPCTSTR text, UINT count,
+                    const int* widths);
     CSize GetTextExtent(LPCTSTR text, int count) const;
     CSize GetTextExtent(const CString& text) const;
     BOOL GetTextMetrics(LPTEXTMETRIC tm) const;
@@ -124,4 +126,6 @@ private:
     CDC(const CDC&) = delete;
     CDC& operator=(const CDC&) = delete;
 };
+
 #include "afxdll_.h"
+#include "afxwnd.h"

@@ -59,6 +59,16 @@ typedef struct tagLOGBRUSH {
     ULONG_PTR lbHatch;
 } LOGBRUSH, *LPLOGBRUSH;
 
+typedef struct tagBITMAP {
+    LONG bmType;
+    LONG bmWidth;
+    LONG bmHeight;
+    LONG bmWidthBytes;
+    WORD bmPlanes;
+    WORD bmBitsPixel;
+    LPVOID bmBits;
+} BITMAP, *LPBITMAP;
+
 typedef struct tagLOGPEN {
     UINT lopnStyle;
     POINT lopnWidth;
@@ -69,7 +79,10 @@ typedef struct tagLOGPEN {
 #define PS_SOLID 0
 #define PS_DASH 1
 #define PS_DOT 2
+#define PS_DASHDOT 3
+#define PS_DASHDOTDOT 4
 #define PS_NULL 5
+#define PS_INSIDEFRAME 6
 #define PS_STYLE_MASK 0x0000000F
 #define PS_ENDCAP_ROUND 0x00000000
 #define PS_ENDCAP_SQUARE 0x00000100
@@ -133,10 +146,28 @@ typedef struct tagLOGPEN {
 #define LOGPIXELSY 90
 #define PHYSICALWIDTH 110
 #define PHYSICALHEIGHT 111
+#define PHYSICALOFFSETX 112
+#define PHYSICALOFFSETY 113
+
+// Text metric pitch flags: set when the font is NOT fixed pitch.
+#define TMPF_FIXED_PITCH 0x01
+#define TMPF_VECTOR 0x02
+#define TMPF_TRUETYPE 0x04
+
+// GetClipBox results.
+#define ERROR 0
+#define NULLREGION 1
+#define SIMPLEREGION 2
+#define COMPLEXREGION 3
+
+// Printing failures.
+#define SP_ERROR (-1)
 
 // Raster operations.
 #define SRCCOPY 0x00CC0020
 #define PATCOPY 0x00F00021
+#define BLACKNESS 0x00000042
+#define WHITENESS 0x00FF0062
 
 #define HGDI_ERROR ((HGDIOBJ)(intptr_t)-1)
 
@@ -169,6 +200,11 @@ int GetDeviceCaps(HDC hdc, int index);
 
 BOOL TextOutW(HDC hdc, int x, int y, LPCWSTR text, int count);
 #define TextOut TextOutW
+#define ETO_OPAQUE 0x0002
+#define ETO_CLIPPED 0x0004
+BOOL ExtTextOutW(HDC hdc, int x, int y, UINT options, const RECT* rect, LPCWSTR text, UINT count,
+                 const INT* widths);
+#define ExtTextOut ExtTextOutW
 BOOL GetTextExtentPoint32W(HDC hdc, LPCWSTR text, int count, LPSIZE size);
 #define GetTextExtentPoint32 GetTextExtentPoint32W
 BOOL GetTextMetricsW(HDC hdc, LPTEXTMETRICW tm);
@@ -192,6 +228,8 @@ typedef struct _DOCINFOW {
     LPCWSTR lpszDatatype;
     DWORD fwType;
 } DOCINFOW, *LPDOCINFOW, DOCINFO, *LPDOCINFO;
+HDC CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR port, const void* devMode);
+#define CreateDC CreateDCW
 int StartDocW(HDC hdc, const DOCINFOW* info);
 #define StartDoc StartDocW
 int EndDoc(HDC hdc);

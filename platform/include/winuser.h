@@ -9,3 +9,5 @@ int ReleaseDC(HWND hwnd, HDC hdc);
 
 int FillRect(HDC hdc, const RECT* rect, HBRUSH brush);
 int FrameRect(HDC hdc, const RECT* rect, HBRUSH brush);
+
+#include "winwindows.h"

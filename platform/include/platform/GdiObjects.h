@@ -28,3 +28,16 @@ bool SaveBitmapAsPng(HBITMAP bitmap, const std::string& path);
 std::string ResolvedFontFile(HFONT font);
 
 } // namespace platform
+
+namespace platform {
+
+// Direct pixel writes for glyphs and axis-aligned strokes (on by default). Off,
+// everything goes through Cairo; tests compare the two.
+void SetFastPaths(bool enabled);
+
+// Where printer DCs write their PDF when the document names no output file,
+// and at what resolution they print (dots per inch; pages are US Letter).
+void SetPrinterOutput(const std::string& path);
+void SetPrinterResolution(int dpi);
+
+} // namespace platform

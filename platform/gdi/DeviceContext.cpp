@@ -1,0 +1,331 @@
+// Device contexts: creation, the selected objects and the drawing state.
+#include "DeviceContext.h"
+
+#include "FontInstance.h"
+
+#include <winuser.h>
+
+#include <cairo.h>
+
+#include <algorithm>
+
+namespace platform::gdi {
+
+DeviceContext* LookupDC(HDC hdc) {
+    GdiObject* object = Lookup(hdc);
+    if (!object || (object->type != OBJ_DC && object->type != OBJ_MEMDC))
+        return nullptr;
+    return static_cast<DeviceContext*>(object);
+}
+
+DeviceContext::~DeviceContext() {
+    if (cr)
+        cairo_destroy(cr);
+    if (kind == DcKind::Printer && surface)
+        cairo_surface_destroy(surface);
+}
+
+void ResetCairo(DeviceContext& dc) {
+    if (dc.cr)
+        cairo_destroy(dc.cr);
+    dc.cr = cairo_create(dc.surface);
+    cairo_set_antialias(dc.cr, CAIRO_ANTIALIAS_NONE);
+    if (dc.kind == DcKind::Printer)
+        cairo_scale(dc.cr, 72.0 / dc.dpi, 72.0 / dc.dpi);
+    cairo_rectangle(dc.cr, dc.clip.left, dc.clip.top, dc.clip.right - dc.clip.left,
+                    dc.clip.bottom - dc.clip.top);
+    cairo_clip(dc.cr);
+    cairo_translate(dc.cr, dc.origin.x, dc.origin.y);
+    dc.cairoSource = CLR_INVALID;
+}
+
+void SetSource(DeviceContext& dc, COLORREF color) {
+    color &= 0xFFFFFF;
+    if (dc.cairoSource == color)
+        return;
+    dc.cairoSource = color;
+    cairo_set_source_rgb(dc.cr, GetRValue(color) / 255.0, GetGValue(color) / 255.0,
+                         GetBValue(color) / 255.0);
+}
+
+cairo_surface_t* DesktopSurface() {
+    static cairo_surface_t* surface = [] {
+        cairo_surface_t* s =
+            cairo_image_surface_create(CAIRO_FORMAT_RGB24, kDesktopWidth, kDesktopHeight);
+        // The desktop starts in the default window colour.
+        cairo_t* cr = cairo_create(s);
+        cairo_set_source_rgb(cr, 1, 1, 1);
+        cairo_paint(cr);
+        cairo_destroy(cr);
+        return s;
+    }();
+    return surface;
+}
+
+namespace {
+
+void SelectDefaults(DeviceContext& dc) {
+    dc.pen = static_cast<Pen*>(Stock(BLACK_PEN));
+    dc.brush = static_cast<Brush*>(Stock(WHITE_BRUSH));
+    dc.font = static_cast<Font*>(Stock(SYSTEM_FONT));
+}
+
+void ReleaseSelections(DeviceContext& dc) {
+    GdiObject* selected[] = {dc.pen, dc.brush, dc.font, dc.bitmap};
+    dc.pen = nullptr;
+    dc.brush = nullptr;
+    dc.font = nullptr;
+    dc.bitmap = nullptr;
+    for (GdiObject* object : selected)
+        Release(object);
+}
+
+} // namespace
+
+HDC CreateDesktopDC(POINT origin, RECT clip, HWND window) {
+    auto* dc = new DeviceContext(DcKind::Screen);
+    dc->surface = DesktopSurface();
+    dc->origin = origin;
+    RECT bounds{0, 0, kDesktopWidth, kDesktopHeight};
+    dc->clip = RECT{std::max(clip.left, bounds.left), std::max(clip.top, bounds.top),
+                    std::min(clip.right, bounds.right), std::min(clip.bottom, bounds.bottom)};
+    if (dc->clip.right < dc->clip.left)
+        dc->clip.right = dc->clip.left;
+    if (dc->clip.bottom < dc->clip.top)
+        dc->clip.bottom = dc->clip.top;
+    dc->window = window;
+    SelectDefaults(*dc);
+    ResetCairo(*dc);
+    return static_cast<HDC>(Register(dc));
+}
+
+JournalEntry& Record(DeviceContext& dc, const char* op) {
+    JournalEntry& entry = dc.journal->entries.emplace_back();
+    entry.op = op;
+    entry.textColor = dc.textColor;
+    entry.bkColor = dc.bkColor;
+    entry.bkMode = dc.bkMode;
+    if (dc.font) {
+        const LOGFONTW& lf = dc.font->logFont;
+        entry.fontFace.assign(lf.lfFaceName,
+                              std::find(lf.lfFaceName, lf.lfFaceName + LF_FACESIZE, 0));
+        entry.fontHeight = lf.lfHeight;
+        entry.fontWeight = lf.lfWeight;
+        entry.fontUnderline = lf.lfUnderline != 0;
+        entry.fontItalic = lf.lfItalic != 0;
+    }
+    if (dc.pen) {
+        entry.penStyle = dc.pen->style;
+        entry.penWidth = dc.pen->width;
+        entry.penColor = dc.pen->color;
+    }
+    if (dc.brush) {
+        entry.brushStyle = dc.brush->style;
+        entry.brushColor = dc.brush->color;
+    }
+    return entry;
+}
+
+} // namespace platform::gdi
+
+namespace platform {
+
+void SetJournal(HDC hdc, GdiJournal* journal) {
+    if (gdi::DeviceContext* dc = gdi::LookupDC(hdc))
+        dc->journal = journal;
+}
+
+} // namespace platform
+
+using namespace platform::gdi;
+using platform::JournalEntry;
+
+HDC CreateCompatibleDC(HDC hdc) {
+    DeviceContext* reference = hdc ? LookupDC(hdc) : nullptr;
+    if (hdc && !reference)
+        return nullptr;
+    auto* dc = new DeviceContext(DcKind::Memory);
+    dc->bitmap = DefaultBitmap();
+    Retain(dc->bitmap);
+    dc->surface = dc->bitmap->surface;
+    dc->clip = RECT{0, 0, 1, 1};
+    SelectDefaults(*dc);
+    ResetCairo(*dc);
+    return static_cast<HDC>(Register(dc));
+}
+
+BOOL DeleteDC(HDC hdc) {
+    DeviceContext* dc = LookupDC(hdc);
+    // Window and screen DCs go back through ReleaseDC.
+    if (!dc || dc->kind == DcKind::Screen)
+        return FALSE;
+    if (dc->kind == DcKind::Printer && dc->inDocument)
+        AbortDoc(hdc);
+    ReleaseSelections(*dc);
+    Destroy(dc);
+    return TRUE;
+}
+
+HDC GetDC(HWND hwnd) {
+    if (!hwnd)
+        return CreateDesktopDC(POINT{0, 0}, RECT{0, 0, kDesktopWidth, kDesktopHeight}, nullptr);
+    return platform::user::GetClientDC(hwnd, nullptr);
+}
+
+int ReleaseDC(HWND hwnd, HDC hdc) {
+    DeviceContext* dc = LookupDC(hdc);
+    if (!dc || dc->kind != DcKind::Screen || dc->window != hwnd)
+        return 0;
+    ReleaseSelections(*dc);
+    Destroy(dc);
+    return 1;
+}
+
+HGDIOBJ SelectObject(HDC hdc, HGDIOBJ handle) {
+    DeviceContext* dc = LookupDC(hdc);
+    GdiObject* object = Lookup(handle);
+    if (!dc || !object || object->deletePending)
+        return nullptr;
+    GdiObject* previous = nullptr;
+    switch (object->type) {
+    case OBJ_PEN:
+        previous = dc->pen;
+        dc->pen = static_cast<Pen*>(object);
+        break;
+    case OBJ_BRUSH:
+        previous = dc->brush;
+        dc->brush = static_cast<Brush*>(object);
+        break;
+    case OBJ_FONT:
+        previous = dc->font;
+        dc->font = static_cast<Font*>(object);
+        break;
+    case OBJ_BITMAP: {
+        auto* bitmap = static_cast<Bitmap*>(object);
+        // Only memory DCs take bitmaps, and a bitmap lives in one DC at a time.
+        if (dc->kind != DcKind::Memory)
+            return nullptr;
+        if (bitmap != dc->bitmap && bitmap->selections > 0 && !bitmap->stock)
+            return nullptr;
+        previous = dc->bitmap;
+        dc->bitmap = bitmap;
+        dc->surface = bitmap->surface;
+        dc->clip = RECT{0, 0, bitmap->width, bitmap->height};
+        ResetCairo(*dc);
+        break;
+    }
+    default:
+        return nullptr;
+    }
+    if (dc->journal) {
+        JournalEntry& entry = Record(*dc, "SelectObject");
+        entry.args[0] = static_cast<int>(object->type);
+    }
+    Retain(object);
+    Release(previous);
+    // The previous object may just have been deleted (a deferred DeleteObject);
+    // its handle is still what the caller gets back, as on the original.
+    return previous;
+}
+
+HGDIOBJ GetCurrentObject(HDC hdc, UINT type) {
+    DeviceContext* dc = LookupDC(hdc);
+    if (!dc)
+        return nullptr;
+    switch (type) {
+    case OBJ_PEN:
+        return dc->pen;
+    case OBJ_BRUSH:
+        return dc->brush;
+    case OBJ_FONT:
+        return dc->font;
+    case OBJ_BITMAP:
+        return dc->bitmap;
+    default:
+        return nullptr;
+    }
+}
+
+COLORREF SetTextColor(HDC hdc, COLORREF color) {
+    DeviceContext* dc = LookupDC(hdc);
+    if (!dc)
+        return CLR_INVALID;
+    COLORREF previous = dc->textColor;
+    dc->textColor = color & 0xFFFFFF;
+    if (dc->journal)
+        Record(*dc, "SetTextColor").args[0] = static_cast<int>(color);
+    return previous;
+}
+
+COLORREF GetTextColor(HDC hdc) {
+    DeviceContext* dc = LookupDC(hdc);
+    return dc ? dc->textColor : CLR_INVALID;
+}
+
+COLORREF SetBkColor(HDC hdc, COLORREF color) {
+    DeviceContext* dc = LookupDC(hdc);
+    if (!dc)
+        return CLR_INVALID;
+    COLORREF previous = dc->bkColor;
+    dc->bkColor = color & 0xFFFFFF;
+    if (dc->journal)
+        Record(*dc, "SetBkColor").args[0] = static_cast<int>(color);
+    return previous;
+}
+
+COLORREF GetBkColor(HDC hdc) {
+    DeviceContext* dc = LookupDC(hdc);
+    return dc ? dc->bkColor : CLR_INVALID;
+}
+
+int SetBkMode(HDC hdc, int mode) {
+    DeviceContext* dc = LookupDC(hdc);
+    if (!dc || (mode != TRANSPARENT && mode != OPAQUE))
+        return 0;
+    int previous = dc->bkMode;
+    dc->bkMode = mode;
+    if (dc->journal)
+        Record(*dc, "SetBkMode").args[0] = mode;
+    return previous;
+}
+
+int GetBkMode(HDC hdc) {
+    DeviceContext* dc = LookupDC(hdc);
+    return dc ? dc->bkMode : 0;
+}
+
+int SetPolyFillMode(HDC hdc, int mode) {
+    DeviceContext* dc = LookupDC(hdc);
+    if (!dc || (mode != ALTERNATE && mode != WINDING))
+        return 0;
+    int previous = dc->polyFillMode;
+    dc->polyFillMode = mode;
+    return previous;
+}
+
+int GetDeviceCaps(HDC hdc, int index) {
+    DeviceContext* dc = LookupDC(hdc);
+    if (!dc)
+        return 0;
+    bool printer = dc->kind == DcKind::Printer;
+    switch (index) {
+    case LOGPIXELSX:
+    case LOGPIXELSY:
+        return dc->dpi;
+    case HORZRES:
+    case PHYSICALWIDTH:
+        return printer ? dc->pageWidth
+                       : (dc->kind == DcKind::Memory ? dc->clip.right : kDesktopWidth);
+    case VERTRES:
+    case PHYSICALHEIGHT:
+        return printer ? dc->pageHeight
+                       : (dc->kind == DcKind::Memory ? dc->clip.bottom : kDesktopHeight);
+    case BITSPIXEL:
+        return 32;
+    case PHYSICALOFFSETX:
+    case PHYSICALOFFSETY:
+        return 0;
+    default:
+        return 0;
+    }
+}

@@ -1,0 +1,81 @@
+// A device context: its target surface, its Cairo context, the selected
+// objects and the drawing state.
+#pragma once
+
+#include "GdiObject.h"
+
+#include <platform/GdiJournal.h>
+
+#include <string>
+
+typedef struct _cairo cairo_t;
+
+namespace platform::gdi {
+
+enum class DcKind { Memory, Screen, Printer };
+
+struct DeviceContext : GdiObject {
+    DcKind kind = DcKind::Memory;
+    cairo_surface_t* surface = nullptr; // the target; owned only by printer DCs
+    cairo_t* cr = nullptr;
+    // Logical (0, 0) in device pixels, and the clip in device pixels.
+    POINT origin{0, 0};
+    RECT clip{0, 0, 0, 0};
+    int dpi = 96;
+    // A window DC keeps the window it belongs to; ReleaseDC checks it.
+    HWND window = nullptr;
+
+    Pen* pen = nullptr;
+    Brush* brush = nullptr;
+    Font* font = nullptr;
+    Bitmap* bitmap = nullptr;
+
+    COLORREF textColor = 0x000000;
+    COLORREF bkColor = 0xFFFFFF;
+    int bkMode = OPAQUE;
+    int polyFillMode = ALTERNATE;
+    POINT position{0, 0};
+    GdiJournal* journal = nullptr;
+    COLORREF cairoSource = CLR_INVALID; // the colour last given to Cairo
+
+    // Printer DCs: the output file and the document state.
+    std::string outputPath;
+    bool inDocument = false;
+    bool inPage = false;
+    int pageWidth = 0; // in device dots
+    int pageHeight = 0;
+
+    explicit DeviceContext(DcKind dcKind)
+        : GdiObject(dcKind == DcKind::Memory ? OBJ_MEMDC : OBJ_DC), kind(dcKind) {}
+    ~DeviceContext() override;
+
+    // Whether pixels can be written directly: an image surface with an
+    // untransformed context.
+    bool Raster() const { return kind != DcKind::Printer; }
+};
+
+DeviceContext* LookupDC(HDC hdc);
+
+// Creates the Cairo context for the current target, with the origin and clip
+// applied and anti-aliasing off.
+void ResetCairo(DeviceContext& dc);
+// Sets Cairo's source colour, skipping the call when it is already set.
+void SetSource(DeviceContext& dc, COLORREF color);
+
+// A DC that draws onto the desktop surface at origin (device pixels), clipped
+// to clip (device pixels).
+HDC CreateDesktopDC(POINT origin, RECT clip, HWND window);
+cairo_surface_t* DesktopSurface();
+constexpr int kDesktopWidth = 1280;
+constexpr int kDesktopHeight = 1024;
+
+// Appends a journal entry carrying the DC's current state; returns it so the
+// caller can add arguments. Only call when dc.journal is set.
+JournalEntry& Record(DeviceContext& dc, const char* op);
+
+} // namespace platform::gdi
+
+namespace platform::user {
+// The window system's DC for a window's client area, clipped to clip when given.
+HDC GetClientDC(HWND hwnd, const RECT* clip);
+} // namespace platform::user

@@ -1,0 +1,75 @@
+#include "PixelAccess.h"
+
+#include <cairo.h>
+
+#include <algorithm>
+
+namespace platform::gdi {
+
+PixelAccess::PixelAccess(DeviceContext& dc) : m_surface(dc.surface), m_clip(dc.clip) {
+    cairo_surface_flush(m_surface);
+    m_data = reinterpret_cast<uint32_t*>(cairo_image_surface_get_data(m_surface));
+    m_stride = cairo_image_surface_get_stride(m_surface) / 4;
+    m_clip.right = std::min<LONG>(m_clip.right, cairo_image_surface_get_width(m_surface));
+    m_clip.bottom = std::min<LONG>(m_clip.bottom, cairo_image_surface_get_height(m_surface));
+    m_clip.left = std::max<LONG>(m_clip.left, 0);
+    m_clip.top = std::max<LONG>(m_clip.top, 0);
+}
+
+PixelAccess::~PixelAccess() {
+    if (m_dirty.right > m_dirty.left && m_dirty.bottom > m_dirty.top)
+        cairo_surface_mark_dirty_rectangle(m_surface, m_dirty.left, m_dirty.top,
+                                           m_dirty.right - m_dirty.left,
+                                           m_dirty.bottom - m_dirty.top);
+}
+
+void PixelAccess::Touch(int left, int top, int right, int bottom) {
+    if (m_dirty.right <= m_dirty.left) {
+        m_dirty = RECT{left, top, right, bottom};
+        return;
+    }
+    m_dirty.left = std::min<LONG>(m_dirty.left, left);
+    m_dirty.top = std::min<LONG>(m_dirty.top, top);
+    m_dirty.right = std::max<LONG>(m_dirty.right, right);
+    m_dirty.bottom = std::max<LONG>(m_dirty.bottom, bottom);
+}
+
+void PixelAccess::Fill(int x, int y, int width, int height, COLORREF color) {
+    if (!m_data)
+        return;
+    long long left = std::max<long long>(x, m_clip.left);
+    long long top = std::max<long long>(y, m_clip.top);
+    long long right = std::min<long long>(static_cast<long long>(x) + width, m_clip.right);
+    long long bottom = std::min<long long>(static_cast<long long>(y) + height, m_clip.bottom);
+    if (left >= right || top >= bottom)
+        return;
+    uint32_t pixel = Pixel(color);
+    for (long long row = top; row < bottom; ++row)
+        std::fill(m_data + row * m_stride + left, m_data + row * m_stride + right, pixel);
+    Touch(static_cast<int>(left), static_cast<int>(top), static_cast<int>(right),
+          static_cast<int>(bottom));
+}
+
+void PixelAccess::Stamp(int x, int y, int width, int height, const unsigned char* mask,
+                        uint32_t pixel) {
+    if (!m_data || width <= 0 || height <= 0)
+        return;
+    int left = std::max<int>(x, m_clip.left);
+    int top = std::max<int>(y, m_clip.top);
+    int right =
+        static_cast<int>(std::min<long long>(static_cast<long long>(x) + width, m_clip.right));
+    int bottom =
+        static_cast<int>(std::min<long long>(static_cast<long long>(y) + height, m_clip.bottom));
+    if (left >= right || top >= bottom)
+        return;
+    for (int row = top; row < bottom; ++row) {
+        const unsigned char* bits = mask + static_cast<long>(row - y) * width;
+        uint32_t* line = m_data + static_cast<long>(row) * m_stride;
+        for (int col = left; col < right; ++col)
+            if (bits[col - x])
+                line[col] = pixel;
+    }
+    Touch(left, top, right, bottom);
+}
+
+} // namespace platform::gdi

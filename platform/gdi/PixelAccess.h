@@ -1,0 +1,39 @@
+// Direct writes into a raster DC's pixels, clipped to the DC's clip. Cairo is
+// told before (flush) and after (the dirty rectangle) so its own drawing stays
+// consistent with ours.
+#pragma once
+
+#include "DeviceContext.h"
+
+#include <cstdint>
+
+namespace platform::gdi {
+
+class PixelAccess {
+public:
+    explicit PixelAccess(DeviceContext& dc);
+    ~PixelAccess();
+    PixelAccess(const PixelAccess&) = delete;
+    PixelAccess& operator=(const PixelAccess&) = delete;
+
+    // The surface's pixel value for a colour.
+    static uint32_t Pixel(COLORREF color) {
+        return ((color & 0xFF) << 16) | (color & 0xFF00) | ((color >> 16) & 0xFF);
+    }
+
+    // Rectangles and stamps are in device pixels.
+    void Fill(int x, int y, int width, int height, COLORREF color);
+    // Sets the pixels where mask (width x height, one byte per pixel) is non-zero.
+    void Stamp(int x, int y, int width, int height, const unsigned char* mask, uint32_t pixel);
+
+private:
+    void Touch(int left, int top, int right, int bottom);
+
+    cairo_surface_t* m_surface;
+    uint32_t* m_data;
+    int m_stride; // in pixels
+    RECT m_clip;
+    RECT m_dirty{0, 0, 0, 0};
+};
+
+} // namespace platform::gdi

@@ -1,0 +1,195 @@
+// Fonts and text output. On raster surfaces glyphs are copied straight from a
+// per-font cache of monochrome images into the pixels; printers, and fonts
+// that need synthesised styles, draw through Cairo.
+#include "DeviceContext.h"
+#include "FontInstance.h"
+#include "Painting.h"
+#include "PixelAccess.h"
+
+#include <cairo.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace platform::gdi {
+namespace {
+
+FontInstance& InstanceOf(Font& font) {
+    if (!font.instance)
+        font.instance = FontInstance::For(font.logFont);
+    return *font.instance;
+}
+
+cairo_font_options_t* FontOptions(bool raster) {
+    static cairo_font_options_t* screen = [] {
+        cairo_font_options_t* options = cairo_font_options_create();
+        cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_NONE);
+        cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_FULL);
+        cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_ON);
+        return options;
+    }();
+    static cairo_font_options_t* print = [] {
+        cairo_font_options_t* options = cairo_font_options_create();
+        cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
+        cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
+        return options;
+    }();
+    return raster ? screen : print;
+}
+
+void BlitText(DeviceContext& dc, FontInstance& font, int x, int y, const char16_t* text, int count,
+              int width) {
+    PixelAccess pixels(dc);
+    const TEXTMETRICW& tm = font.Metrics();
+    int dx = x + dc.origin.x;
+    int dy = y + dc.origin.y;
+    if (dc.bkMode == OPAQUE)
+        pixels.Fill(dx, dy, width, tm.tmHeight, dc.bkColor);
+    uint32_t ink = PixelAccess::Pixel(dc.textColor);
+    int pen = 0;
+    for (int i = 0; i < count; ++i) {
+        const Glyph& glyph = font.RenderedGlyph(text[i]);
+        int left = dx + pen + glyph.left;
+        int top = dy + tm.tmAscent - glyph.top;
+        pixels.Stamp(left, top, glyph.width, glyph.rows, glyph.bits.data(), ink);
+        pen += glyph.advance;
+    }
+    if (font.Underline())
+        pixels.Fill(dx, dy + font.UnderlineTop(), width, font.UnderlineHeight(), dc.textColor);
+    if (font.StrikeOut())
+        pixels.Fill(dx, dy + font.StrikeOutTop(), width, font.StrikeOutHeight(), dc.textColor);
+}
+
+void CairoText(DeviceContext& dc, FontInstance& font, int x, int y, const char16_t* text, int count,
+               int width) {
+    const TEXTMETRICW& tm = font.Metrics();
+    cairo_t* cr = dc.cr;
+    if (dc.bkMode == OPAQUE) {
+        SetSource(dc, dc.bkColor);
+        cairo_rectangle(cr, x, y, width, tm.tmHeight);
+        cairo_fill(cr);
+    }
+    std::vector<cairo_glyph_t> glyphs(static_cast<size_t>(count));
+    int pen = 0;
+    for (int i = 0; i < count; ++i) {
+        const Glyph& glyph = font.GlyphFor(text[i]);
+        glyphs[static_cast<size_t>(i)] = cairo_glyph_t{glyph.index, static_cast<double>(x + pen),
+                                                       static_cast<double>(y + tm.tmAscent)};
+        pen += glyph.advance;
+    }
+    if (cairo_font_face_t* face = font.CairoFace()) {
+        cairo_set_font_face(cr, face);
+        cairo_set_font_size(cr, font.Ppem());
+        cairo_set_font_options(cr, FontOptions(dc.Raster()));
+        SetSource(dc, dc.textColor);
+        cairo_show_glyphs(cr, glyphs.data(), count);
+    }
+    SetSource(dc, dc.textColor);
+    if (font.Underline())
+        cairo_rectangle(cr, x, y + font.UnderlineTop(), width, font.UnderlineHeight());
+    if (font.StrikeOut())
+        cairo_rectangle(cr, x, y + font.StrikeOutTop(), width, font.StrikeOutHeight());
+    cairo_fill(cr);
+}
+
+FontInstance& CurrentFont(DeviceContext& dc) {
+    return InstanceOf(*dc.font);
+}
+
+} // namespace
+} // namespace platform::gdi
+
+namespace platform {
+
+std::string ResolvedFontFile(HFONT handle) {
+    auto* font = gdi::LookupAs<gdi::Font>(handle, OBJ_FONT);
+    return font ? gdi::InstanceOf(*font).File() : std::string();
+}
+
+} // namespace platform
+
+using namespace platform::gdi;
+using platform::JournalEntry;
+
+HFONT CreateFontIndirectW(const LOGFONTW* lf) {
+    if (!lf)
+        return nullptr;
+    auto* font = new Font();
+    font->logFont = *lf;
+    font->logFont.lfFaceName[LF_FACESIZE - 1] = 0;
+    return static_cast<HFONT>(Register(font));
+}
+
+BOOL TextOutW(HDC hdc, int x, int y, LPCWSTR text, int count) {
+    DeviceContext* dc = LookupDC(hdc);
+    if (!dc || count < 0 || (count > 0 && !text))
+        return FALSE;
+    if (dc->journal) {
+        JournalEntry& entry = Record(*dc, "TextOut");
+        entry.args[0] = x;
+        entry.args[1] = y;
+        entry.args[2] = count;
+        entry.text.assign(text ? text : u"", static_cast<size_t>(count));
+    }
+    if (count == 0)
+        return TRUE;
+    FontInstance& font = CurrentFont(*dc);
+    int width = 0;
+    for (int i = 0; i < count; ++i)
+        width += font.Advance(text[i]);
+    if (dc->Raster() && FastPathsEnabled() && !font.Synthesised())
+        BlitText(*dc, font, x, y, text, count, width);
+    else
+        CairoText(*dc, font, x, y, text, count, width);
+    return TRUE;
+}
+
+BOOL GetTextExtentPoint32W(HDC hdc, LPCWSTR text, int count, LPSIZE size) {
+    DeviceContext* dc = LookupDC(hdc);
+    if (!dc || !size || count < 0 || (count > 0 && !text))
+        return FALSE;
+    FontInstance& font = CurrentFont(*dc);
+    LONG width = 0;
+    for (int i = 0; i < count; ++i)
+        width += font.Advance(text[i]);
+    size->cx = width;
+    size->cy = font.Metrics().tmHeight;
+    return TRUE;
+}
+
+BOOL GetTextMetricsW(HDC hdc, LPTEXTMETRICW tm) {
+    DeviceContext* dc = LookupDC(hdc);
+    if (!dc || !tm)
+        return FALSE;
+    *tm = CurrentFont(*dc).Metrics();
+    return TRUE;
+}
+
+BOOL ExtTextOutW(HDC hdc, int x, int y, UINT options, const RECT* rect, LPCWSTR text, UINT count,
+                 const INT* widths) {
+    DeviceContext* dc = LookupDC(hdc);
+    if (!dc || count > 0x7FFFFFFF)
+        return FALSE;
+    if ((options & ETO_OPAQUE) && rect) {
+        if (dc->journal) {
+            JournalEntry& entry = Record(*dc, "ExtTextOut");
+            entry.args[0] = rect->left;
+            entry.args[1] = rect->top;
+            entry.args[2] = rect->right;
+            entry.args[3] = rect->bottom;
+        }
+        PaintRect(*dc, rect->left, rect->top, rect->right - rect->left, rect->bottom - rect->top,
+                  dc->bkColor);
+    }
+    if (count == 0)
+        return TRUE;
+    if (!widths)
+        return TextOutW(hdc, x, y, text, static_cast<int>(count));
+    // Explicit advances: one character at a time.
+    int pen = x;
+    for (UINT i = 0; i < count; ++i) {
+        TextOutW(hdc, pen, y, text + i, 1);
+        pen += widths[i];
+    }
+    return TRUE;
+}

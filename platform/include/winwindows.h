@@ -1,0 +1,169 @@
+// The window system's C interface: window classes, creation, the window tree,
+// geometry, invalidation and painting, and messages with their queue.
+#pragma once
+
+#include "windef.h"
+
+typedef LRESULT (*WNDPROC)(HWND, UINT, WPARAM, LPARAM);
+
+typedef struct tagWNDCLASSW {
+    UINT style;
+    WNDPROC lpfnWndProc;
+    int cbClsExtra;
+    int cbWndExtra;
+    HINSTANCE hInstance;
+    HICON hIcon;
+    HANDLE hCursor;
+    HBRUSH hbrBackground;
+    LPCWSTR lpszMenuName;
+    LPCWSTR lpszClassName;
+} WNDCLASSW, WNDCLASS, *LPWNDCLASS;
+
+typedef struct tagCREATESTRUCTW {
+    LPVOID lpCreateParams;
+    HINSTANCE hInstance;
+    HMENU hMenu;
+    HWND hwndParent;
+    int cy;
+    int cx;
+    int y;
+    int x;
+    LONG style;
+    LPCWSTR lpszName;
+    LPCWSTR lpszClass;
+    DWORD dwExStyle;
+} CREATESTRUCTW, CREATESTRUCT, *LPCREATESTRUCT;
+
+typedef struct tagMSG {
+    HWND hwnd;
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+    DWORD time;
+    POINT pt;
+} MSG, *LPMSG;
+
+typedef struct tagPAINTSTRUCT {
+    HDC hdc;
+    BOOL fErase;
+    RECT rcPaint;
+    BOOL fRestore;
+    BOOL fIncUpdate;
+    BYTE rgbReserved[32];
+} PAINTSTRUCT, *LPPAINTSTRUCT;
+
+// Messages.
+#define WM_NULL 0x0000
+#define WM_CREATE 0x0001
+#define WM_DESTROY 0x0002
+#define WM_MOVE 0x0003
+#define WM_SIZE 0x0005
+#define WM_SETTEXT 0x000C
+#define WM_GETTEXT 0x000D
+#define WM_GETTEXTLENGTH 0x000E
+#define WM_PAINT 0x000F
+#define WM_CLOSE 0x0010
+#define WM_QUIT 0x0012
+#define WM_ERASEBKGND 0x0014
+#define WM_SHOWWINDOW 0x0018
+#define WM_NCCREATE 0x0081
+#define WM_NCDESTROY 0x0082
+#define WM_COMMAND 0x0111
+#define WM_TIMER 0x0113
+#define WM_USER 0x0400
+
+// WM_SIZE types.
+#define SIZE_RESTORED 0
+
+// Window styles.
+#define WS_OVERLAPPED 0x00000000L
+#define WS_POPUP 0x80000000L
+#define WS_CHILD 0x40000000L
+#define WS_VISIBLE 0x10000000L
+#define WS_DISABLED 0x08000000L
+#define WS_CLIPSIBLINGS 0x04000000L
+#define WS_CLIPCHILDREN 0x02000000L
+#define WS_CAPTION 0x00C00000L
+#define WS_BORDER 0x00800000L
+#define WS_SYSMENU 0x00080000L
+#define WS_THICKFRAME 0x00040000L
+#define WS_OVERLAPPEDWINDOW 0x00CF0000L
+
+#define CW_USEDEFAULT ((int)0x80000000)
+
+// PeekMessage options.
+#define PM_NOREMOVE 0x0000
+#define PM_REMOVE 0x0001
+
+// ShowWindow commands.
+#define SW_HIDE 0
+#define SW_SHOWNORMAL 1
+#define SW_SHOW 5
+
+// RedrawWindow flags.
+#define RDW_INVALIDATE 0x0001
+#define RDW_ERASE 0x0004
+#define RDW_VALIDATE 0x0008
+#define RDW_UPDATENOW 0x0100
+
+// Registers a window class; returns 0 when the name is taken or missing.
+WORD RegisterClass(const WNDCLASS* wc);
+BOOL UnregisterClass(LPCWSTR className, HINSTANCE instance);
+BOOL GetClassInfo(HINSTANCE instance, LPCWSTR className, LPWNDCLASS wc);
+
+// Creates a window of a registered class. x, y, cx, cy are relative to the
+// parent's client area for child windows, to the desktop otherwise. The window
+// receives WM_NCCREATE, WM_CREATE (a result of -1 destroys it and NULL is
+// returned) and WM_SIZE before the call returns.
+HWND CreateWindowEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD style, int x, int y,
+                    int cx, int cy, HWND parent, HMENU menu, HINSTANCE instance, LPVOID param);
+// Destroys a window and its children (children first get WM_DESTROY after their
+// parent, as on the original), and drops its posted messages.
+BOOL DestroyWindow(HWND hwnd);
+BOOL IsWindow(HWND hwnd);
+HWND GetParent(HWND hwnd);
+HWND GetDesktopWindow();
+BOOL IsChild(HWND parent, HWND hwnd);
+int GetDlgCtrlID(HWND hwnd);
+
+BOOL GetClientRect(HWND hwnd, LPRECT rect);
+// Window rectangle in desktop (screen) coordinates.
+BOOL GetWindowRect(HWND hwnd, LPRECT rect);
+BOOL ClientToScreen(HWND hwnd, LPPOINT point);
+BOOL ScreenToClient(HWND hwnd, LPPOINT point);
+BOOL MoveWindow(HWND hwnd, int x, int y, int cx, int cy, BOOL repaint);
+BOOL ShowWindow(HWND hwnd, int command);
+BOOL IsWindowVisible(HWND hwnd);
+int GetWindowTextLength(HWND hwnd);
+int GetWindowText(HWND hwnd, LPWSTR buffer, int maxCount);
+BOOL SetWindowText(HWND hwnd, LPCWSTR text);
+
+// Invalidation only marks the update region: however often a window is
+// invalidated, one WM_PAINT comes out of the queue once nothing else is pending.
+BOOL InvalidateRect(HWND hwnd, const RECT* rect, BOOL erase);
+BOOL ValidateRect(HWND hwnd, const RECT* rect);
+// The bounding box of the update region; FALSE when it is empty.
+BOOL GetUpdateRect(HWND hwnd, LPRECT rect, BOOL erase);
+// Sends WM_PAINT at once when the update region is not empty.
+BOOL UpdateWindow(HWND hwnd);
+BOOL RedrawWindow(HWND hwnd, const RECT* rect, HRGN region, UINT flags);
+HDC BeginPaint(HWND hwnd, LPPAINTSTRUCT paint);
+BOOL EndPaint(HWND hwnd, const PAINTSTRUCT* paint);
+
+LRESULT DefWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
+LRESULT CallWindowProc(WNDPROC proc, HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
+// Calls the window procedure at once and returns its result; 0 for a bad window.
+LRESULT SendMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
+// Queues the message (FIFO) and returns at once. A NULL window posts to the thread.
+BOOL PostMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
+void PostQuitMessage(int exitCode);
+// Posted messages first, then WM_QUIT, then WM_PAINT for a window with a
+// non-empty update region. WM_PAINT stays until the window is validated.
+BOOL PeekMessage(LPMSG msg, HWND hwnd, UINT filterMin, UINT filterMax, UINT remove);
+// As PeekMessage with removal. Nothing can arrive in a headless process while
+// it waits, so with nothing to retrieve it asks the platform's idle handler
+// (platform/MessagePump.h) for more; when none comes it returns FALSE with
+// WM_QUIT in msg, as if the application had quit, so no loop waits forever.
+BOOL GetMessage(LPMSG msg, HWND hwnd, UINT filterMin, UINT filterMax);
+BOOL TranslateMessage(const MSG* msg);
+LRESULT DispatchMessage(const MSG* msg);

@@ -1,0 +1,192 @@
+// Sending, posting, retrieving and dispatching messages, and the default
+// window procedure.
+#include "WindowManager.h"
+
+#include <platform/MessagePump.h>
+
+#include <algorithm>
+#include <cstring>
+
+using platform::user::Window;
+using platform::user::WindowManager;
+
+namespace {
+
+WindowManager& Manager() {
+    return WindowManager::Instance();
+}
+
+std::function<bool()>& IdleHandler() {
+    static std::function<bool()> handler;
+    return handler;
+}
+
+bool InRange(UINT message, UINT filterMin, UINT filterMax) {
+    if (filterMin == 0 && filterMax == 0)
+        return true;
+    return message >= filterMin && message <= filterMax;
+}
+
+// The first window, depth first in creation order, that is shown and needs
+// painting.
+Window* FindWindowToPaint(Window* window, HWND filter) {
+    if (!window->visible)
+        return nullptr;
+    if (window != Manager().Desktop() && window->hasUpdate && (!filter || filter == window->handle))
+        return window;
+    for (Window* child : window->children)
+        if (Window* found = FindWindowToPaint(child, filter))
+            return found;
+    return nullptr;
+}
+
+} // namespace
+
+LRESULT DefWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    Window* window = Manager().Find(hwnd);
+    if (!window)
+        return 0;
+    switch (message) {
+    case WM_NCCREATE: {
+        auto* create = reinterpret_cast<const CREATESTRUCT*>(lParam);
+        if (create && create->lpszName)
+            window->text = create->lpszName;
+        return TRUE;
+    }
+    case WM_PAINT: {
+        PAINTSTRUCT paint;
+        BeginPaint(hwnd, &paint);
+        EndPaint(hwnd, &paint);
+        return 0;
+    }
+    case WM_ERASEBKGND: {
+        HBRUSH brush = window->windowClass ? window->windowClass->wc.hbrBackground : nullptr;
+        if (!brush || !wParam)
+            return 0;
+        RECT client{0, 0, window->Width(), window->Height()};
+        FillRect(reinterpret_cast<HDC>(wParam), &client, brush);
+        return 1;
+    }
+    case WM_CLOSE:
+        DestroyWindow(hwnd);
+        return 0;
+    case WM_SETTEXT:
+        window->text = lParam ? reinterpret_cast<LPCWSTR>(lParam) : u"";
+        return TRUE;
+    case WM_GETTEXTLENGTH:
+        return static_cast<LRESULT>(window->text.size());
+    case WM_GETTEXT: {
+        auto* buffer = reinterpret_cast<LPWSTR>(lParam);
+        auto capacity = static_cast<std::size_t>(wParam);
+        if (!buffer || capacity == 0)
+            return 0;
+        std::size_t count = std::min(window->text.size(), capacity - 1);
+        std::copy_n(window->text.data(), count, buffer);
+        buffer[count] = 0;
+        return static_cast<LRESULT>(count);
+    }
+    default:
+        return 0;
+    }
+}
+
+LRESULT CallWindowProc(WNDPROC proc, HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return proc ? proc(hwnd, message, wParam, lParam) : 0;
+}
+
+LRESULT SendMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    Window* window = Manager().Find(hwnd);
+    if (!window || !window->proc)
+        return 0;
+    return window->proc(hwnd, message, wParam, lParam);
+}
+
+BOOL PostMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (hwnd && !Manager().Find(hwnd))
+        return FALSE;
+    Manager().Queue().push_back(MSG{hwnd, message, wParam, lParam, 0, POINT{0, 0}});
+    return TRUE;
+}
+
+void PostQuitMessage(int exitCode) {
+    Manager().quitPosted = true;
+    Manager().quitCode = exitCode;
+}
+
+BOOL PeekMessage(LPMSG msg, HWND hwnd, UINT filterMin, UINT filterMax, UINT remove) {
+    if (!msg)
+        return FALSE;
+    auto& queue = Manager().Queue();
+    for (auto it = queue.begin(); it != queue.end(); ++it) {
+        if ((hwnd && it->hwnd != hwnd) || !InRange(it->message, filterMin, filterMax))
+            continue;
+        *msg = *it;
+        if (remove & PM_REMOVE)
+            queue.erase(it);
+        return TRUE;
+    }
+    if (Manager().quitPosted) {
+        *msg = MSG{nullptr, WM_QUIT, static_cast<WPARAM>(Manager().quitCode), 0, 0, POINT{0, 0}};
+        if (remove & PM_REMOVE)
+            Manager().quitPosted = false;
+        return TRUE;
+    }
+    // WM_PAINT is made up from the update regions and stays until they are
+    // validated.
+    if (InRange(WM_PAINT, filterMin, filterMax)) {
+        if (Window* window = FindWindowToPaint(Manager().Desktop(), hwnd)) {
+            *msg = MSG{window->handle, WM_PAINT, 0, 0, 0, POINT{0, 0}};
+            return TRUE;
+        }
+    }
+    return FALSE;
+}
+
+BOOL GetMessage(LPMSG msg, HWND hwnd, UINT filterMin, UINT filterMax) {
+    if (!msg)
+        return -1;
+    for (;;) {
+        if (PeekMessage(msg, hwnd, filterMin, filterMax, PM_REMOVE))
+            return msg->message == WM_QUIT ? FALSE : TRUE;
+        auto& idle = IdleHandler();
+        if (!idle || !idle())
+            break;
+    }
+    *msg = MSG{nullptr, WM_QUIT, 0, 0, 0, POINT{0, 0}};
+    return FALSE;
+}
+
+BOOL TranslateMessage(const MSG*) {
+    // There is no keyboard, so no key message ever needs translating.
+    return FALSE;
+}
+
+LRESULT DispatchMessage(const MSG* msg) {
+    if (!msg || !msg->hwnd)
+        return 0;
+    return SendMessage(msg->hwnd, msg->message, msg->wParam, msg->lParam);
+}
+
+namespace platform {
+
+int PumpMessages() {
+    int dispatched = 0;
+    MSG msg;
+    while (PeekMessage(&msg, nullptr, 0, 0, PM_NOREMOVE) && msg.message != WM_QUIT) {
+        PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE);
+        DispatchMessage(&msg);
+        ++dispatched;
+        if (msg.message == WM_PAINT) {
+            Window* window = Manager().Find(msg.hwnd);
+            if (window && window->hasUpdate)
+                ValidateRect(msg.hwnd, nullptr);
+        }
+    }
+    return dispatched;
+}
+
+void SetIdleHandler(std::function<bool()> handler) {
+    IdleHandler() = std::move(handler);
+}
+
+} // namespace platform

@@ -1,0 +1,152 @@
+#include "WindowManager.h"
+
+#include <algorithm>
+
+namespace platform::user {
+
+namespace {
+
+// The desktop's size in pixels.
+constexpr LONG kDesktopWidth = 1280;
+constexpr LONG kDesktopHeight = 1024;
+
+} // namespace
+
+WindowManager& WindowManager::Instance() {
+    static WindowManager* manager = new WindowManager();
+    return *manager;
+}
+
+WindowManager::WindowManager() {
+    m_desktop.handle = reinterpret_cast<HWND>(uintptr_t{0x10010});
+    m_nextHandle += 4;
+    m_desktop.rect = RECT{0, 0, kDesktopWidth, kDesktopHeight};
+    m_desktop.visible = true;
+    m_desktop.style = WS_VISIBLE;
+}
+
+std::u16string WindowManager::Fold(const std::u16string& name) {
+    std::u16string folded = name;
+    for (char16_t& ch : folded)
+        if (ch >= u'a' && ch <= u'z')
+            ch = static_cast<char16_t>(ch - u'a' + u'A');
+    return folded;
+}
+
+const WindowClass* WindowManager::FindClass(const std::u16string& name) const {
+    auto it = m_classes.find(Fold(name));
+    return it == m_classes.end() ? nullptr : it->second.get();
+}
+
+bool WindowManager::AddClass(const WNDCLASS& wc) {
+    if (!wc.lpszClassName || !*wc.lpszClassName || !wc.lpfnWndProc)
+        return false;
+    std::u16string name(wc.lpszClassName);
+    std::u16string key = Fold(name);
+    if (m_classes.count(key))
+        return false;
+    auto entry = std::make_unique<WindowClass>();
+    entry->name = name;
+    entry->wc = wc;
+    entry->wc.lpszClassName = entry->name.c_str();
+    entry->wc.lpszMenuName = nullptr;
+    m_classes.emplace(key, std::move(entry));
+    return true;
+}
+
+bool WindowManager::RemoveClass(const std::u16string& name) {
+    auto it = m_classes.find(Fold(name));
+    if (it == m_classes.end())
+        return false;
+    // A class with live windows stays registered.
+    for (const auto& [handle, window] : m_windows)
+        if (window->windowClass == it->second.get())
+            return false;
+    m_classes.erase(it);
+    return true;
+}
+
+Window* WindowManager::Find(HWND hwnd) const {
+    if (!hwnd)
+        return nullptr;
+    if (hwnd == m_desktop.handle)
+        return const_cast<Window*>(&m_desktop);
+    auto it = m_windows.find(hwnd);
+    return it == m_windows.end() ? nullptr : it->second.get();
+}
+
+Window* WindowManager::CreateWindowRecord(const WindowClass* windowClass, Window* parent) {
+    auto window = std::make_unique<Window>();
+    // Handles are never reused, so a stale handle never names a new window.
+    window->handle = reinterpret_cast<HWND>(m_nextHandle);
+    m_nextHandle += 4;
+    window->windowClass = windowClass;
+    window->proc = windowClass->wc.lpfnWndProc;
+    window->parent = parent;
+    parent->children.push_back(window.get());
+    Window* result = window.get();
+    m_windows.emplace(result->handle, std::move(window));
+    return result;
+}
+
+void WindowManager::Forget(Window* window) {
+    if (window->parent) {
+        auto& siblings = window->parent->children;
+        siblings.erase(std::remove(siblings.begin(), siblings.end(), window), siblings.end());
+    }
+    HWND handle = window->handle;
+    m_queue.erase(std::remove_if(m_queue.begin(), m_queue.end(),
+                                 [handle](const MSG& msg) { return msg.hwnd == handle; }),
+                  m_queue.end());
+    m_windows.erase(handle);
+}
+
+bool WindowManager::IsShown(const Window* window) const {
+    for (; window; window = window->parent)
+        if (!window->visible)
+            return false;
+    return true;
+}
+
+POINT WindowManager::ClientOrigin(const Window* window) const {
+    POINT origin{0, 0};
+    for (; window && window != &m_desktop; window = window->parent) {
+        origin.x += window->rect.left;
+        origin.y += window->rect.top;
+    }
+    return origin;
+}
+
+RECT WindowManager::VisibleClientRect(const Window* window) const {
+    POINT origin = ClientOrigin(window);
+    RECT visible{origin.x, origin.y, origin.x + window->Width(), origin.y + window->Height()};
+    for (const Window* ancestor = window->parent; ancestor; ancestor = ancestor->parent) {
+        POINT o = ClientOrigin(ancestor);
+        visible =
+            Intersect(visible, RECT{o.x, o.y, o.x + ancestor->Width(), o.y + ancestor->Height()});
+    }
+    return visible;
+}
+
+bool IsEmpty(const RECT& rect) {
+    return rect.right <= rect.left || rect.bottom <= rect.top;
+}
+
+RECT Intersect(const RECT& a, const RECT& b) {
+    RECT r{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+           std::min(a.bottom, b.bottom)};
+    if (IsEmpty(r))
+        return RECT{0, 0, 0, 0};
+    return r;
+}
+
+RECT Union(const RECT& a, const RECT& b) {
+    if (IsEmpty(a))
+        return b;
+    if (IsEmpty(b))
+        return a;
+    return RECT{std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+                std::max(a.bottom, b.bottom)};
+}
+
+} // namespace platform::user

@@ -1,0 +1,96 @@
+// The in-process desktop: registered window classes, the window tree with its
+// handles, update regions and the thread's message queue. Internal to the
+// platform; the public interface is winwindows.h.
+#pragma once
+
+#include <winuser.h>
+
+#include <deque>
+#include <map>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace platform::user {
+
+struct WindowClass {
+    std::u16string name;
+    WNDCLASS wc{};
+};
+
+struct Window {
+    HWND handle = nullptr;
+    Window* parent = nullptr;
+    std::vector<Window*> children; // in creation order
+    const WindowClass* windowClass = nullptr;
+    WNDPROC proc = nullptr;
+    DWORD style = 0;
+    DWORD exStyle = 0;
+    UINT id = 0;
+    RECT rect{}; // in the parent's client coordinates (the desktop's for
+                 // top-level windows)
+    std::u16string text;
+    bool visible = false;
+    bool destroying = false;
+    // The update region, kept as its bounding box, and whether it asks for
+    // erasing.
+    bool hasUpdate = false;
+    RECT update{};
+    bool erase = false;
+
+    int Width() const { return rect.right - rect.left; }
+    int Height() const { return rect.bottom - rect.top; }
+};
+
+class WindowManager {
+public:
+    static WindowManager& Instance();
+
+    // Class names compare without regard to case (A to Z only).
+    const WindowClass* FindClass(const std::u16string& name) const;
+    bool AddClass(const WNDCLASS& wc);
+    bool RemoveClass(const std::u16string& name);
+
+    Window* Find(HWND hwnd) const;
+    Window* CreateWindowRecord(const WindowClass* windowClass, Window* parent);
+    void Forget(Window* window);
+    Window* Desktop() { return &m_desktop; }
+    // Top-level windows in creation order.
+    const std::vector<Window*>& TopLevel() const { return m_desktop.children; }
+
+    // True when the window and all its ancestors are visible.
+    bool IsShown(const Window* window) const;
+    // The client origin in desktop coordinates.
+    POINT ClientOrigin(const Window* window) const;
+    // The client rectangle in desktop coordinates, clipped by every ancestor's
+    // client area.
+    RECT VisibleClientRect(const Window* window) const;
+
+    std::deque<MSG>& Queue() { return m_queue; }
+    bool quitPosted = false;
+    int quitCode = 0;
+
+private:
+    WindowManager();
+
+    static std::u16string Fold(const std::u16string& name);
+
+    std::map<std::u16string, std::unique_ptr<WindowClass>> m_classes;
+    std::unordered_map<HWND, std::unique_ptr<Window>> m_windows;
+    Window m_desktop;
+    uintptr_t m_nextHandle = 0x10010;
+    std::deque<MSG> m_queue;
+};
+
+// A device context for the window's client area on the desktop surface: its
+// origin is the client's top-left corner and its output is clipped to the
+// visible client area and, when given, to clip (client coordinates).
+HDC GetClientDC(HWND hwnd, const RECT* clip);
+
+// Rectangle helpers.
+bool IsEmpty(const RECT& rect);
+RECT Intersect(const RECT& a, const RECT& b);
+RECT Union(const RECT& a, const RECT& b);
+
+} // namespace platform::user
