@@ -52,8 +52,8 @@ TEST_F(ExportFile, BinaryModeKeepsFieldsAsUtf8AndLineEndsAsUtf16) {
         file.WriteStream(u"s");
         file.WriteLine(u"L");
     }
-    EXPECT_EQ(ReadAll(path), std::string("a\nb\t\xC3\xA9\xE2\x82\xAC", 9) + Utf16(u"\ns") +
-                                 Utf16(u"L\n"));
+    EXPECT_EQ(ReadAll(path),
+              std::string("a\nb\t\xC3\xA9\xE2\x82\xAC", 9) + Utf16(u"\ns") + Utf16(u"L\n"));
 }
 
 TEST_F(ExportFile, LineStartIsKeptByWriteLineAndResetByNewline) {
@@ -73,8 +73,7 @@ TEST_F(ExportFile, LineStartIsKeptByWriteLineAndResetByNewline) {
         file.WriteField(CString(u"\xD800")); // unpaired surrogate
         file.Close();
     }
-    EXPECT_EQ(ReadAll(path),
-              "anote\r\n,b\r\n-42,x\r\ny\r\n\r\ncut,\xEF\xBF\xBD");
+    EXPECT_EQ(ReadAll(path), "anote\r\n,b\r\n-42,x\r\ny\r\n\r\ncut,\xEF\xBF\xBD");
 }
 
 TEST_F(ExportFile, ReplaceModeEmptiesALongerFile) {

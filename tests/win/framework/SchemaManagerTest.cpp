@@ -79,5 +79,6 @@ TEST(CSchemaManager, RefusesWrongMagicWithoutReadingFurther) {
 
 TEST(CSchemaManager, TruncatedHeaderIsEndOfFile) {
     EXPECT_EQ(LoadHeader({0xBA, 0xAB, 0xAD}, 0x210), CArchiveException::endOfFile);
-    EXPECT_EQ(LoadHeader({0xBA, 0xAB, 0xAD, 0xDE, 0x10, 0x02}, 0x210), CArchiveException::endOfFile);
+    EXPECT_EQ(LoadHeader({0xBA, 0xAB, 0xAD, 0xDE, 0x10, 0x02}, 0x210),
+              CArchiveException::endOfFile);
 }
