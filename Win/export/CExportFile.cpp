@@ -58,19 +58,28 @@ bool CExportFile::Open(bool binary) {
 
 void CExportFile::WriteField(const CString& text) {
     const CString field = m_format.FormatData(text, m_atLineStart);
-    // Converted as a terminated string: the bytes end at the first U+0000.
-    const int size = WideCharToMultiByte(CP_UTF8, 0, field, -1, nullptr, 0, nullptr, nullptr);
-    if (size <= 0)
-        return;
-    std::string bytes;
-    try {
-        bytes.resize(static_cast<std::size_t>(size));
-    } catch (const std::bad_alloc&) {
-        return;
+    // Converted with its terminator; the bytes written end at the first zero
+    // byte, so a field holding U+0000 is cut there. Three bytes per UTF-16
+    // unit always suffice; short fields need no heap.
+    const std::size_t capacity = static_cast<std::size_t>(field.GetLength()) * 3 + 1;
+    char local[1024];
+    std::string heap;
+    char* bytes = local;
+    if (capacity > sizeof local) {
+        try {
+            heap.resize(capacity);
+        } catch (const std::bad_alloc&) {
+            return;
+        }
+        bytes = heap.data();
     }
-    if (WideCharToMultiByte(CP_UTF8, 0, field, -1, bytes.data(), size, nullptr, nullptr) <= 0)
+    const int converted = WideCharToMultiByte(CP_UTF8, 0, field, field.GetLength() + 1, bytes,
+                                              static_cast<int>(capacity), nullptr, nullptr);
+    if (converted <= 0)
         return;
-    m_file.Write(bytes.data(), static_cast<UINT>(std::strlen(bytes.c_str())));
+    const auto* zero =
+        static_cast<const char*>(std::memchr(bytes, 0, static_cast<std::size_t>(converted)));
+    m_file.Write(bytes, static_cast<UINT>(zero - bytes));
     m_atLineStart = false;
 }
 

@@ -35,25 +35,29 @@ void CExportFormat::SetFilename(const CString& filename) {
 }
 
 CString CExportFormat::FormatData(CString data, bool first) const {
-    CString delimiter = m_delimiter;
-    CString quote = m_quote;
+    static const CString kComma(u","), kDoubleQuote(u"\""), kTab(u"\t"), kSpace(u" "), kNone;
+    // The delimiter and qualifier in use; the members themselves never change.
+    const CString* delimiter = &m_delimiter;
+    const CString* quote = &m_quote;
     if (m_csv == 1) {
-        delimiter = u",";
-        quote = data.Find(u',') >= 0 ? CString(u"\"") : CString();
+        delimiter = &kComma;
+        quote = data.Find(u',') >= 0 ? &kDoubleQuote : &kNone;
     }
-    if (delimiter == CResourceString(IDS_DELIMITER_TAB))
-        delimiter = u"\t";
-    if (delimiter == CResourceString(IDS_DELIMITER_SPACE))
-        delimiter = u" ";
-    if (quote == CResourceString(IDS_QUALIFIER_NONE))
-        quote.Empty();
+    if (*delimiter == CResourceString(IDS_DELIMITER_TAB))
+        delimiter = &kTab;
+    if (*delimiter == CResourceString(IDS_DELIMITER_SPACE))
+        delimiter = &kSpace;
+    if (*quote == CResourceString(IDS_QUALIFIER_NONE))
+        quote = &kNone;
 
     CString result;
+    result.Preallocate((first ? 0 : delimiter->GetLength()) + 2 * quote->GetLength() +
+                       data.GetLength());
     if (!first)
-        result = delimiter;
-    result += quote;
+        result += *delimiter;
+    result += *quote;
     result += data;
-    result += quote;
+    result += *quote;
     return result;
 }
 

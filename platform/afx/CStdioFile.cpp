@@ -10,8 +10,9 @@
 #include <unistd.h>
 
 namespace {
-constexpr std::size_t kBufferSize = 4096;
-}
+// Larger than the runtime's 4 KiB: fewer system calls, the same bytes.
+constexpr std::size_t kBufferSize = 65536;
+} // namespace
 
 CStdioFile::CStdioFile(LPCTSTR fileName, UINT openFlags) {
     CFileException error;

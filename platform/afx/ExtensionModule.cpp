@@ -4,16 +4,33 @@
 #include "platform/ResourceModule.h"
 
 #include <algorithm>
+#include <atomic>
 #include <unordered_map>
 
-AFX_MODULE_STATE* AfxGetModuleState() {
+namespace {
+// Bumped by every change to a string table, the chain or the resource
+// handle; string lookups cached under an older value are stale.
+std::atomic<unsigned> g_resourceGeneration{1};
+void ResourcesChanged() {
+    ++g_resourceGeneration;
+}
+} // namespace
+
+namespace {
+// Reached directly from this file, without the exported entry point.
+AFX_MODULE_STATE& State() {
     static AFX_MODULE_STATE state = [] {
         AFX_MODULE_STATE s;
         s.m_hCurrentInstanceHandle = GetModuleHandleW(nullptr);
         s.m_hCurrentResourceHandle = s.m_hCurrentInstanceHandle;
         return s;
     }();
-    return &state;
+    return state;
+}
+} // namespace
+
+AFX_MODULE_STATE* AfxGetModuleState() {
+    return &State();
 }
 
 BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE module) {
@@ -51,6 +68,7 @@ CDynLinkLibrary::CDynLinkLibrary(AFX_EXTENSION_MODULE& state, BOOL system)
     while (*tail)
         tail = &(*tail)->m_pNextDLL;
     *tail = this;
+    ResourcesChanged();
 }
 
 CDynLinkLibrary::~CDynLinkLibrary() {
@@ -60,6 +78,7 @@ CDynLinkLibrary::~CDynLinkLibrary() {
             break;
         }
     }
+    ResourcesChanged();
 }
 
 HINSTANCE AfxGetInstanceHandle() {
@@ -72,6 +91,7 @@ HINSTANCE AfxGetResourceHandle() {
 
 void AfxSetResourceHandle(HINSTANCE resource) {
     AfxGetModuleState()->m_hCurrentResourceHandle = resource;
+    ResourcesChanged();
 }
 
 namespace {
@@ -88,7 +108,7 @@ const CString* FindString(HINSTANCE module, UINT id) {
 }
 
 // The chain: the application's resource module, then each extension module.
-const CString* FindInChain(UINT id, HINSTANCE* found) {
+const CString* SearchChain(UINT id, HINSTANCE* found) {
     AFX_MODULE_STATE* state = AfxGetModuleState();
     if (const CString* s = FindString(state->m_hCurrentResourceHandle, id)) {
         if (found)
@@ -105,14 +125,52 @@ const CString* FindInChain(UINT id, HINSTANCE* found) {
     return nullptr;
 }
 
+// Strings are loaded for every exported field, so recent lookups are kept in a
+// small direct-mapped table per thread, valid for one resource generation.
+// The table is small enough for the initial-exec model, which spares a call
+// to the dynamic TLS resolver on every lookup.
+const CString* FindInChain(UINT id, HINSTANCE* found) {
+    struct Entry {
+        unsigned generation = 0;
+        UINT id = 0;
+        HINSTANCE module = nullptr;
+        const CString* text = nullptr;
+        HINSTANCE found = nullptr;
+    };
+    [[gnu::tls_model("initial-exec")]] thread_local Entry cache[16];
+    Entry& e = cache[id % 16];
+    const unsigned generation = g_resourceGeneration.load(std::memory_order_relaxed);
+    const HINSTANCE resource = State().m_hCurrentResourceHandle;
+    if (e.generation != generation || e.id != id || e.module != resource) {
+        HINSTANCE where = nullptr;
+        e.text = SearchChain(id, &where);
+        e.generation = generation;
+        e.id = id;
+        e.module = resource;
+        e.found = where;
+    }
+    if (found)
+        *found = e.found;
+    return e.text;
+}
+
 } // namespace
 
 namespace platform {
+void ResourceModule::SetString(UINT id, const CString& text) {
+    m_strings[id] = text;
+    ResourcesChanged();
+}
+void ResourceModule::RemoveString(UINT id) {
+    m_strings.erase(id);
+    ResourcesChanged();
+}
 ResourceModule& Resources(HINSTANCE module) {
     return Tables()[module];
 }
 void ReleaseResources(HINSTANCE module) {
     Tables().erase(module);
+    ResourcesChanged();
 }
 } // namespace platform
 

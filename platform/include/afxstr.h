@@ -44,6 +44,11 @@ public:
     // (and the string unchanged) when no module has it.
     BOOL LoadString(UINT id);
 
+    // Reserves room for length characters.
+    void Preallocate(int length) {
+        m_str.reserve(length > 0 ? static_cast<std::size_t>(length) : 0);
+    }
+
     CString& operator+=(const CString& other);
     CString& operator+=(LPCWSTR text);
     CString& operator+=(WCHAR ch);

@@ -11,8 +11,8 @@ namespace platform {
 
 class ResourceModule {
 public:
-    void SetString(UINT id, const CString& text) { m_strings[id] = text; }
-    void RemoveString(UINT id) { m_strings.erase(id); }
+    void SetString(UINT id, const CString& text);
+    void RemoveString(UINT id);
     // Null when the module has no string id.
     const CString* FindString(UINT id) const {
         auto it = m_strings.find(id);
