@@ -116,7 +116,7 @@ TEST(CStdioFile, FullDiskRaisesOnFlushAndClose) {
 
     // A byte write that overflows the buffer raises the generic cause.
     ASSERT_TRUE(file.Open(u"/dev/full", kCreate | CFile::typeBinary));
-    std::string big(10000, 'x');
+    std::string big(200000, 'x');
     try {
         file.Write(big.data(), static_cast<UINT>(big.size()));
         FAIL() << "no exception";
