@@ -58,9 +58,8 @@ bool CExportFile::Open(bool binary) {
 
 void CExportFile::WriteField(const CString& text) {
     const CString field = m_format.FormatData(text, m_atLineStart);
-    // Converted with its terminator; the bytes written end at the first zero
-    // byte, so a field holding U+0000 is cut there. Three bytes per UTF-16
-    // unit always suffice; short fields need no heap.
+    // Converted as a terminated string, so a field holding U+0000 ends there.
+    // Three bytes per UTF-16 unit always suffice; short fields need no heap.
     const std::size_t capacity = static_cast<std::size_t>(field.GetLength()) * 3 + 1;
     char local[1024];
     std::string heap;
@@ -73,13 +72,11 @@ void CExportFile::WriteField(const CString& text) {
         }
         bytes = heap.data();
     }
-    const int converted = WideCharToMultiByte(CP_UTF8, 0, field, field.GetLength() + 1, bytes,
+    const int converted = WideCharToMultiByte(CP_UTF8, 0, field, -1, bytes,
                                               static_cast<int>(capacity), nullptr, nullptr);
     if (converted <= 0)
         return;
-    const auto* zero =
-        static_cast<const char*>(std::memchr(bytes, 0, static_cast<std::size_t>(converted)));
-    m_file.Write(bytes, static_cast<UINT>(zero - bytes));
+    m_file.Write(bytes, static_cast<UINT>(converted - 1)); // without the terminator
     m_atLineStart = false;
 }
 

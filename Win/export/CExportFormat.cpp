@@ -12,6 +12,8 @@ constexpr int kSchemaDateInFileName = 0x200;
 constexpr int kSchemaTitlesShown = 0x210;
 // Below this schema the flags were stored as 0 or 1 only.
 constexpr int kSchemaRawFlags = 0x406;
+
+const CString kComma(u","), kDoubleQuote(u"\""), kTab(u"\t"), kSpace(u" "), kNone;
 } // namespace
 
 CExportFormat::CExportFormat()
@@ -35,7 +37,6 @@ void CExportFormat::SetFilename(const CString& filename) {
 }
 
 CString CExportFormat::FormatData(CString data, bool first) const {
-    static const CString kComma(u","), kDoubleQuote(u"\""), kTab(u"\t"), kSpace(u" "), kNone;
     // The delimiter and qualifier in use; the members themselves never change.
     const CString* delimiter = &m_delimiter;
     const CString* quote = &m_quote;

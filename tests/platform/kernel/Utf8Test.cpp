@@ -30,6 +30,9 @@ TEST(Utf8, ReportsFailures) {
     EXPECT_EQ(Utf8(u"x", 0), "<fail 87>");
     EXPECT_EQ(Utf8(u"x", 1, WC_NO_BEST_FIT_CHARS), "<fail 1004>");
     EXPECT_EQ(Utf8(u"\u20ac\u20ac", 2, 0, 5), "<fail 122>");
+    // With -1 the terminator needs room too, and counts in the size.
+    EXPECT_EQ(Utf8(u"ab", -1, 0, 2), "<fail 122>");
+    EXPECT_EQ(WideCharToMultiByte(CP_UTF8, 0, u"ab", -1, nullptr, 0, nullptr, nullptr), 3);
     // A capacity of 0 asks for the size.
     EXPECT_EQ(WideCharToMultiByte(CP_UTF8, 0, u"\u20ac\u20ac", 2, nullptr, 0, nullptr, nullptr), 6);
     BOOL used = FALSE;
