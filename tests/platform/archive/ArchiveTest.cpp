@@ -1,5 +1,7 @@
 #include <afx.h>
 
+#include "support/TempDir.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -202,4 +204,36 @@ TEST(CArchiveException, MessagesNameTheFile) {
     EXPECT_GE(e.GetErrorText().Find(u"/tmp/a.doc"), 0);
     EXPECT_GE(
         CArchiveException(CArchiveException::endOfFile).GetErrorText().Find(u"an unnamed file"), 0);
+}
+
+TEST(CArchive, WorksOverARealFile) {
+    const std::string path = (testing_support::TestOutputDir("archive-file") / "doc.bin").string();
+    const CString name = platform::FromUtf8(path);
+    {
+        CFile file(name, CFile::modeCreate | CFile::modeWrite);
+        CArchive ar(&file, CArchive::store);
+        EXPECT_EQ(ar.m_strFileName, name);
+        ar << CString(u"title") << 7;
+        // A prefix claiming more characters than the file will hold.
+        AfxWriteStringLength(ar, 5000, TRUE);
+        ar << static_cast<WORD>(0x41);
+        ar.Close();
+    }
+    CFile file(name, CFile::modeRead);
+    CArchive ar(&file, CArchive::load, 512);
+    CString title;
+    int seven = 0;
+    ar >> title >> seven;
+    EXPECT_EQ(title, CString(u"title"));
+    EXPECT_EQ(seven, 7);
+    EXPECT_EQ(ar.GetRemaining(), 8u);
+    try {
+        CString tooLong;
+        ar >> tooLong;
+        FAIL() << "no exception";
+    } catch (CArchiveException* e) {
+        EXPECT_EQ(e->m_cause, CArchiveException::endOfFile);
+        EXPECT_TRUE(e->m_strFileName.IsEmpty());
+        e->Delete();
+    }
 }
