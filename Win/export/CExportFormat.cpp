@@ -55,10 +55,10 @@ CString CExportFormat::FormatData(CString data, bool first) const {
     result.Preallocate((first ? 0 : delimiter->GetLength()) + 2 * quote->GetLength() +
                        data.GetLength());
     if (!first)
-        result += *delimiter;
-    result += *quote;
-    result += data;
-    result += *quote;
+        result.Append(delimiter->GetString(), delimiter->GetLength());
+    result.Append(quote->GetString(), quote->GetLength());
+    result.Append(data.GetString(), data.GetLength());
+    result.Append(quote->GetString(), quote->GetLength());
     return result;
 }
 

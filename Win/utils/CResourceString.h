@@ -6,6 +6,6 @@
 
 class CResourceString : public CString {
 public:
-    explicit CResourceString(UINT id);
-    virtual ~CResourceString();
+    explicit CResourceString(UINT id) { LoadString(id); }
+    virtual ~CResourceString() = default;
 };

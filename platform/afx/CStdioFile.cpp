@@ -39,48 +39,51 @@ BOOL CStdioFile::Open(LPCTSTR fileName, UINT openFlags, CFileException* error) {
     if (!OpenDescriptor(fileName, openFlags, error))
         return FALSE;
     m_text = !(openFlags & typeBinary);
-    m_buffer.clear();
-    m_buffer.reserve(kBufferSize);
+    if (!m_buffer)
+        m_buffer = std::make_unique<char[]>(kBufferSize);
+    m_used = 0;
     return TRUE;
 }
 
 void CStdioFile::Drain(int cause) {
-    if (m_buffer.empty())
+    if (m_used == 0)
         return;
-    const bool ok = WriteAll(m_buffer.data(), m_buffer.size());
+    const bool ok = WriteAll(m_buffer.get(), m_used);
     const int err = errno;
     // The runtime drops the buffered bytes of a failed write.
-    m_buffer.clear();
+    m_used = 0;
     if (!ok)
         ThrowErrno(cause, err);
 }
 
 inline void CStdioFile::Put(char byte, int cause) {
-    if (m_buffer.size() >= kBufferSize)
+    if (m_used >= kBufferSize)
         Drain(cause);
-    m_buffer.push_back(byte);
+    m_buffer[m_used++] = byte;
 }
 
 void CStdioFile::PutTranslated(const char* data, std::size_t size, int cause) {
     while (size > 0) {
-        const char* lf = m_text ? static_cast<const char*>(std::memchr(data, '\n', size)) : nullptr;
-        const std::size_t plain = lf ? static_cast<std::size_t>(lf - data) : size;
-        std::size_t done = 0;
-        while (done < plain) {
-            if (m_buffer.size() >= kBufferSize)
-                Drain(cause);
-            const std::size_t n = std::min(plain - done, kBufferSize - m_buffer.size());
-            m_buffer.insert(m_buffer.end(), data + done, data + done + n);
-            done += n;
+        // Room for two bytes per input byte, as each one may be a line feed.
+        if (kBufferSize - m_used < 2)
+            Drain(cause);
+        char* out = m_buffer.get() + m_used;
+        if (!m_text) {
+            const std::size_t n = std::min(size, kBufferSize - m_used);
+            std::memcpy(out, data, n);
+            m_used += n;
+            data += n;
+            size -= n;
+            continue;
         }
-        data += plain;
-        size -= plain;
-        if (lf) {
-            Put('\r', cause);
-            Put('\n', cause);
-            ++data;
-            --size;
+        const std::size_t n = std::min(size, (kBufferSize - m_used) / 2);
+        for (const char* end = data + n; data != end; ++data) {
+            if (*data == '\n')
+                *out++ = '\r';
+            *out++ = *data;
         }
+        m_used = static_cast<std::size_t>(out - m_buffer.get());
+        size -= n;
     }
 }
 
@@ -123,14 +126,14 @@ ULONGLONG CStdioFile::Seek(LONGLONG offset, UINT from) {
 }
 
 ULONGLONG CStdioFile::GetPosition() const {
-    return CFile::GetPosition() + m_buffer.size();
+    return CFile::GetPosition() + m_used;
 }
 
 ULONGLONG CStdioFile::GetLength() const {
     const ULONGLONG onDisk = CFile::GetLength();
     const ULONGLONG pending = (m_openFlags & modeNoTruncate || !(m_openFlags & modeCreate))
-                                  ? onDisk + m_buffer.size()
-                                  : CFile::GetPosition() + m_buffer.size();
+                                  ? onDisk + m_used
+                                  : CFile::GetPosition() + m_used;
     return std::max(onDisk, pending);
 }
 
@@ -145,10 +148,10 @@ void CStdioFile::Close() {
         return;
     bool failed = false;
     int err = 0;
-    if (!m_buffer.empty()) {
-        failed = !WriteAll(m_buffer.data(), m_buffer.size());
+    if (m_used > 0) {
+        failed = !WriteAll(m_buffer.get(), m_used);
         err = errno;
-        m_buffer.clear();
+        m_used = 0;
     }
     // The stream is closed even when its last bytes could not be written.
     const CString path = m_strFileName;
@@ -164,6 +167,6 @@ void CStdioFile::Close() {
 }
 
 void CStdioFile::Abort() {
-    m_buffer.clear();
+    m_used = 0;
     CloseDescriptor(false);
 }

@@ -4,6 +4,7 @@
 
 #include "afxexcept.h"
 
+#include <memory>
 #include <vector>
 
 class CFile : public CObject {
@@ -102,7 +103,8 @@ private:
     void Drain(int cause);
 
     bool m_text = true;
-    std::vector<char> m_buffer;
+    std::unique_ptr<char[]> m_buffer; // kBufferSize bytes once open
+    std::size_t m_used = 0;
 };
 
 // A file in memory: growing by growBytes, or over a caller's fixed block.

@@ -96,6 +96,16 @@ TEST(CStdioFile, LargeOutputCrossesTheBuffer) {
     const std::string bytes = ReadAll(path);
     ASSERT_EQ(bytes.size(), 101000u);
     EXPECT_EQ(bytes.substr(95, 10), "xxxx\r\nxxxx");
+
+    std::string raw(150000, '\n');
+    for (std::size_t i = 0; i < raw.size(); i += 3)
+        raw[i] = static_cast<char>('a' + i % 26);
+    {
+        CStdioFile file(Name(path), kCreate | CFile::typeBinary);
+        file.Write(raw.data(), 7);
+        file.Write(raw.data() + 7, static_cast<UINT>(raw.size() - 7));
+    }
+    EXPECT_EQ(ReadAll(path), raw);
 }
 
 TEST(CStdioFile, FullDiskRaisesOnFlushAndClose) {
