@@ -10,8 +10,9 @@ class CArchive {
 public:
     enum Mode : UINT { store = 0, load = 1, bNoFlushOnDelete = 2, bNoByteSwap = 4 };
 
-    // The archive reads from or writes to file through a buffer of bufSize
-    // bytes (at least 512). The file stays the caller's.
+    // The archive reads from or writes to file through a buffer of its own
+    // of bufSize bytes (at least 512); buf is not used. The file stays the
+    // caller's.
     CArchive(CFile* file, UINT mode, int bufSize = 4096, void* buf = nullptr);
     // Writes out what is buffered when storing, unless bNoFlushOnDelete;
     // errors are ignored here (call Close to see them).

@@ -5,7 +5,6 @@
 #include "afxexcept.h"
 
 #include <memory>
-#include <vector>
 
 class CFile : public CObject {
 public:
