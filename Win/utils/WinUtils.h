@@ -12,4 +12,8 @@ public:
     // divided by 100. Face names longer than 31 characters are cut.
     static CSize CreateFontW(CFont* font, CString face, int height, bool bold, bool underline,
                              bool italic);
+
+    // Replaces the extension (from the last "." of the whole name) by "_",
+    // today's date and ".txt"; a name without "." stays as it is.
+    static void AppendDateToFileName(CString& name);
 };

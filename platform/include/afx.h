@@ -13,9 +13,18 @@
 #define VERIFY(f) ((void)(f))
 #endif
 
+struct CRuntimeClass;
+class CArchive;
+
 class CObject {
 public:
     virtual ~CObject() = default;
+    virtual CRuntimeClass* GetRuntimeClass() const;
+    BOOL IsKindOf(const CRuntimeClass* runtimeClass) const;
+    virtual void Serialize(CArchive& ar);
+
+    static CRuntimeClass classCObject;
+    static CRuntimeClass* GetThisClass();
 
 protected:
     CObject() = default;
@@ -24,3 +33,9 @@ private:
     CObject(const CObject&) = delete;
     CObject& operator=(const CObject&) = delete;
 };
+
+#include "afxarchive.h"
+#include "afxexcept.h"
+#include "afxfile.h"
+#include "afxruntime.h"
+#include "atltime.h"

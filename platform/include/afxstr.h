@@ -40,6 +40,15 @@ public:
     // Sets the length to newLength, or up to the first zero when it is -1.
     void ReleaseBuffer(int newLength = -1);
 
+    // Loads string resource id through the chain of resource modules; false
+    // (and the string unchanged) when no module has it.
+    BOOL LoadString(UINT id);
+
+    // Reserves room for length characters.
+    void Preallocate(int length) {
+        m_str.reserve(length > 0 ? static_cast<std::size_t>(length) : 0);
+    }
+
     CString& operator+=(const CString& other);
     CString& operator+=(LPCWSTR text);
     CString& operator+=(WCHAR ch);

@@ -127,4 +127,5 @@ private:
     CDC& operator=(const CDC&) = delete;
 };
 
+#include "afxdll_.h"
 #include "afxwnd.h"

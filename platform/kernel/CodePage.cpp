@@ -6,6 +6,7 @@
 
 #include <unicode/ucnv.h>
 #include <unicode/ucnv_err.h>
+#include <unicode/ustring.h>
 
 #include <cstring>
 #include <memory>
@@ -48,6 +49,36 @@ UConverter* Converter(UINT codePage) {
     }
     ucnv_reset(cached.get());
     return cached.get();
+}
+
+// UTF-8 goes straight through ICU's string conversion, into the caller's
+// buffer: no converter object and no copy. Unpaired surrogates become U+FFFD
+// unless the caller asked for strict conversion. A length of -1 converts up to
+// the terminator and counts it, which ICU does in the same pass.
+int WideToUtf8(DWORD flags, LPCWSTR src, int srcLen, LPSTR dst, int dstLen) {
+    UErrorCode status = U_ZERO_ERROR;
+    int32_t length = 0;
+    const UChar32 substitute = (flags & WC_ERR_INVALID_CHARS) ? U_SENTINEL : 0xFFFD;
+    const bool terminated = srcLen < 0;
+    u_strToUTF8WithSub(dstLen > 0 ? dst : nullptr, dstLen, &length,
+                       reinterpret_cast<const UChar*>(src), terminated ? -1 : srcLen, substitute,
+                       nullptr, &status);
+    if (terminated) {
+        ++length;
+        if (status == U_STRING_NOT_TERMINATED_WARNING)
+            status = U_BUFFER_OVERFLOW_ERROR; // no room for the terminator
+    }
+    if (status == U_BUFFER_OVERFLOW_ERROR) {
+        if (dstLen == 0)
+            return length;
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return 0;
+    }
+    if (U_FAILURE(status)) {
+        SetLastError(ERROR_NO_UNICODE_TRANSLATION);
+        return 0;
+    }
+    return length;
 }
 
 } // namespace
@@ -122,6 +153,8 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR src, int srcLen, LPS
         SetLastError(ERROR_INVALID_PARAMETER);
         return 0;
     }
+    if (utf8)
+        return WideToUtf8(flags, src, srcLen, dst, dstLen);
     if (srcLen < 0)
         srcLen = static_cast<int>(std::char_traits<char16_t>::length(src)) + 1;
     UConverter* conv = Converter(codePage);

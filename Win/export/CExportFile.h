@@ -1,0 +1,39 @@
+// Writes one delimited text file from a CExportFormat: opens it (replacing it,
+// or appending under a dated header line), writes fields and line ends, and
+// closes it.
+#pragma once
+
+#include "Win/export/CExportFormat.h"
+
+#include <afx.h>
+
+class CExportFile {
+public:
+    // Either flag, when true, appends as the format's m_append does.
+    CExportFile(const CExportFormat& format, bool forceAppend1 = false, bool forceAppend2 = false);
+    ~CExportFile();
+    CExportFile(const CExportFile&) = delete;
+    CExportFile& operator=(const CExportFile&) = delete;
+
+    // False, with GetError() describing why, when the file cannot be opened.
+    bool Open(bool binary);
+    // UTF-8 field with delimiter and qualifier; a field that cannot be
+    // converted is skipped.
+    void WriteField(const CString& text);
+    void WriteField(int value);
+    void WriteNewline();
+    // The text and a line feed, as they stand.
+    void WriteLine(const CString& text);
+    void WriteStream(const CString& text);
+    // Write and close failures throw CFileException*.
+    void Close();
+    CString GetError() const { return m_error; }
+
+private:
+    CExportFormat m_format;
+    CString m_error;
+    CStdioFile m_file;
+    bool m_atLineStart;
+    bool m_forceAppend1;
+    bool m_forceAppend2;
+};

@@ -1,0 +1,70 @@
+// The module state: the application's run-time classes and resource module,
+// and the chain of extension modules (CDynLinkLibrary) searched after it.
+#pragma once
+
+#include "afx.h"
+
+#define DLL_PROCESS_DETACH 0
+#define DLL_PROCESS_ATTACH 1
+#define DLL_THREAD_ATTACH 2
+#define DLL_THREAD_DETACH 3
+
+#define GET_MODULE_HANDLE_EX_FLAG_PIN 0x1
+#define GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT 0x2
+#define GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS 0x4
+
+// With FROM_ADDRESS, name is an address inside the module: the handle is the
+// module's load address. A null name without it gives the application.
+BOOL GetModuleHandleExW(DWORD flags, LPCWSTR name, HMODULE* module);
+HMODULE GetModuleHandleW(LPCWSTR name);
+
+// Copies string resource id of module into buffer (cut to size - 1 and
+// terminated); returns the number of characters, 0 when there is none.
+int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
+
+class CDynLinkLibrary;
+
+struct AFX_MODULE_STATE {
+    // Classes registered outside any extension module's start-up.
+    CRuntimeClass* m_classList = nullptr;
+    // Classes put aside while an extension module registers its own.
+    CRuntimeClass* m_pClassInit = nullptr;
+    // The extension modules in the order they joined.
+    CDynLinkLibrary* m_libraryList = nullptr;
+    HINSTANCE m_hCurrentInstanceHandle = nullptr;
+    HINSTANCE m_hCurrentResourceHandle = nullptr;
+};
+
+AFX_MODULE_STATE* AfxGetModuleState();
+
+struct AFX_EXTENSION_MODULE {
+    BOOL bInitialized;
+    HMODULE hModule;
+    HMODULE hResource;
+    CRuntimeClass* pFirstSharedClass;
+};
+
+// Takes the classes registered since the module's raw entry into the record.
+BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE module);
+// Deletes the module's CDynLinkLibrary objects (all of them when all is true).
+void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL all = FALSE);
+
+// A member of the chain: its classes and resources are found after the
+// application's. Created with new; deleted by AfxTermExtensionModule.
+class CDynLinkLibrary : public CObject {
+public:
+    explicit CDynLinkLibrary(AFX_EXTENSION_MODULE& state, BOOL system = FALSE);
+    ~CDynLinkLibrary() override;
+
+    HMODULE m_hModule;
+    HMODULE m_hResource;
+    CRuntimeClass* m_classList;
+    BOOL m_bSystem;
+    CDynLinkLibrary* m_pNextDLL = nullptr;
+};
+
+HINSTANCE AfxGetInstanceHandle();
+HINSTANCE AfxGetResourceHandle();
+void AfxSetResourceHandle(HINSTANCE resource);
+// The first module of the chain whose string table holds id, or null.
+HINSTANCE AfxFindStringResourceHandle(UINT id);

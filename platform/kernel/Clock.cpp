@@ -1,0 +1,95 @@
+#include "platform/Clock.h"
+
+#include "atltime.h"
+
+#include <atomic>
+
+namespace {
+std::atomic<bool> g_pinned{false};
+std::atomic<std::time_t> g_pinnedTime{0};
+} // namespace
+
+namespace platform {
+
+std::time_t ClockNow() {
+    return g_pinned ? g_pinnedTime.load() : std::time(nullptr);
+}
+
+void PinClock(std::time_t time) {
+    g_pinnedTime = time;
+    g_pinned = true;
+}
+
+void PinLocalClock(int year, int month, int day, int hour, int minute, int second) {
+    PinClock(CTime(year, month, day, hour, minute, second).GetTime());
+}
+
+void UnpinClock() {
+    g_pinned = false;
+}
+
+} // namespace platform
+
+CTime::CTime(int year, int month, int day, int hour, int minute, int second, int dst) {
+    struct tm tm {};
+    tm.tm_year = year - 1900;
+    tm.tm_mon = month - 1;
+    tm.tm_mday = day;
+    tm.tm_hour = hour;
+    tm.tm_min = minute;
+    tm.tm_sec = second;
+    tm.tm_isdst = dst;
+    m_time = std::mktime(&tm);
+}
+
+CTime CTime::GetCurrentTime() {
+    return CTime(platform::ClockNow());
+}
+
+struct tm* CTime::GetLocalTm(struct tm* tm) const {
+    if (!tm)
+        return nullptr;
+    if (!localtime_r(&m_time, tm))
+        *tm = {};
+    return tm;
+}
+
+namespace {
+struct tm Local(std::time_t t) {
+    struct tm tm {};
+    localtime_r(&t, &tm);
+    return tm;
+}
+} // namespace
+
+int CTime::GetYear() const {
+    return Local(m_time).tm_year + 1900;
+}
+int CTime::GetMonth() const {
+    return Local(m_time).tm_mon + 1;
+}
+int CTime::GetDay() const {
+    return Local(m_time).tm_mday;
+}
+int CTime::GetHour() const {
+    return Local(m_time).tm_hour;
+}
+int CTime::GetMinute() const {
+    return Local(m_time).tm_min;
+}
+int CTime::GetSecond() const {
+    return Local(m_time).tm_sec;
+}
+int CTime::GetDayOfWeek() const {
+    return Local(m_time).tm_wday + 1;
+}
+
+CString CTime::Format(LPCTSTR format) const {
+    if (!format)
+        return CString();
+    struct tm tm {};
+    GetLocalTm(&tm);
+    WCHAR buffer[128];
+    const std::size_t n = wcsftime(buffer, 128, format, &tm);
+    return CString(buffer, static_cast<int>(n));
+}
