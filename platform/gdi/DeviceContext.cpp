@@ -225,7 +225,7 @@ HGDIOBJ SelectObject(HDC hdc, HGDIOBJ handle) {
     Release(previous);
     // The previous object may just have been deleted (a deferred DeleteObject);
     // its handle is still what the caller gets back, as on the original.
-    return previous;
+    return HandleOf(previous);
 }
 
 HGDIOBJ GetCurrentObject(HDC hdc, UINT type) {
@@ -234,13 +234,13 @@ HGDIOBJ GetCurrentObject(HDC hdc, UINT type) {
         return nullptr;
     switch (type) {
     case OBJ_PEN:
-        return dc->pen;
+        return HandleOf(dc->pen);
     case OBJ_BRUSH:
-        return dc->brush;
+        return HandleOf(dc->brush);
     case OBJ_FONT:
-        return dc->font;
+        return HandleOf(dc->font);
     case OBJ_BITMAP:
-        return dc->bitmap;
+        return HandleOf(dc->bitmap);
     default:
         return nullptr;
     }

@@ -20,6 +20,7 @@ struct GdiObject {
     bool stock = false; // stock objects are never deleted
     int selections = 0; // how many DCs have it selected
     bool deletePending = false;
+    void* handle = nullptr; // never reused, so a stale handle stays invalid
 
     explicit GdiObject(DWORD objectType) : type(objectType) {}
     virtual ~GdiObject() = default;
@@ -58,6 +59,7 @@ struct Bitmap : GdiObject {
 void* Register(GdiObject* object);
 // The live object behind a handle, or null for an unknown or stale handle.
 GdiObject* Lookup(const void* handle);
+void* HandleOf(const GdiObject* object); // null for null
 template <class T> T* LookupAs(const void* handle, DWORD type) {
     GdiObject* object = Lookup(handle);
     return object && object->type == type ? static_cast<T*>(object) : nullptr;

@@ -5,17 +5,32 @@
 
 #include <cairo.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
-#include <unordered_set>
+#include <unordered_map>
 
 namespace platform::gdi {
 namespace {
 
-std::unordered_set<const void*>& Table() {
-    static auto* table = new std::unordered_set<const void*>();
+// Handles are serial numbers rather than addresses: a freed object's memory
+// is reused at once, and a handle that outlived its object must not find the
+// new one.
+std::unordered_map<const void*, GdiObject*>& Table() {
+    static auto* table = new std::unordered_map<const void*, GdiObject*>();
     return *table;
+}
+
+void* NewHandle() {
+    static uintptr_t next = 0x10000;
+    next += 4;
+    return reinterpret_cast<void*>(next);
+}
+
+void Enter(GdiObject* object) {
+    object->handle = NewHandle();
+    Table().emplace(object->handle, object);
 }
 
 GdiCounts& Counts() {
@@ -43,7 +58,7 @@ int* Counter(DWORD type) {
 
 GdiObject* MakeStock(GdiObject* object) {
     object->stock = true;
-    Table().insert(object);
+    Enter(object);
     return object;
 }
 
@@ -71,25 +86,30 @@ Bitmap::~Bitmap() {
 }
 
 void* Register(GdiObject* object) {
-    Table().insert(object);
+    Enter(object);
     if (int* counter = Counter(object->type))
         ++*counter;
-    return object;
+    return object->handle;
 }
 
 GdiObject* Lookup(const void* handle) {
     if (!handle)
         return nullptr;
-    return Table().count(handle) ? static_cast<GdiObject*>(const_cast<void*>(handle)) : nullptr;
+    auto found = Table().find(handle);
+    return found == Table().end() ? nullptr : found->second;
+}
+
+void* HandleOf(const GdiObject* object) {
+    return object ? object->handle : nullptr;
 }
 
 void Destroy(GdiObject* object) {
     if (object->stock)
         return;
-    Table().erase(object);
+    Table().erase(object->handle);
     if (int* counter = Counter(object->type))
         --*counter;
-    NotifyHandleGone(object);
+    NotifyHandleGone(object->handle);
     delete object;
 }
 
@@ -175,7 +195,7 @@ using namespace platform::gdi;
 using platform::JournalEntry;
 
 HGDIOBJ GetStockObject(int index) {
-    return Stock(index);
+    return HandleOf(Stock(index));
 }
 
 DWORD GetObjectType(HGDIOBJ handle) {
@@ -283,7 +303,7 @@ HBITMAP CreateCompatibleBitmap(HDC hdc, int cx, int cy) {
         return nullptr;
     // A zero size gives the 1 x 1 default bitmap, as the original does.
     if (cx == 0 || cy == 0)
-        return static_cast<HBITMAP>(static_cast<void*>(DefaultBitmap()));
+        return static_cast<HBITMAP>(HandleOf(DefaultBitmap()));
     // Bounded so that a bad size fails instead of exhausting memory.
     if (cx > 32767 || cy > 32767 || static_cast<long long>(cx) * cy > (1LL << 28))
         return nullptr;
