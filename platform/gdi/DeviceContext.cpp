@@ -221,11 +221,12 @@ HGDIOBJ SelectObject(HDC hdc, HGDIOBJ handle) {
         JournalEntry& entry = Record(*dc, "SelectObject");
         entry.args[0] = static_cast<int>(object->type);
     }
+    // The previous object may be deleted now (a deferred DeleteObject); its
+    // handle is still what the caller gets back, as on the original.
+    HGDIOBJ previousHandle = HandleOf(previous);
     Retain(object);
     Release(previous);
-    // The previous object may just have been deleted (a deferred DeleteObject);
-    // its handle is still what the caller gets back, as on the original.
-    return HandleOf(previous);
+    return previousHandle;
 }
 
 HGDIOBJ GetCurrentObject(HDC hdc, UINT type) {
