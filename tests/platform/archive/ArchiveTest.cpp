@@ -1,5 +1,6 @@
 #include <afx.h>
 
+#include "support/ArchiveImage.h"
 #include "support/TempDir.h"
 
 #include <gtest/gtest.h>
@@ -9,20 +10,10 @@
 
 namespace {
 
-using Bytes = std::vector<BYTE>;
+using testing_support::Bytes;
 
 template <class Fn> Bytes Store(Fn fn) {
-    CMemFile file;
-    {
-        CArchive ar(&file, CArchive::store);
-        fn(ar);
-        ar.Close();
-    }
-    const auto size = static_cast<std::size_t>(file.GetLength());
-    BYTE* data = file.Detach();
-    Bytes out(data, data + size);
-    std::free(data);
-    return out;
+    return testing_support::StoreToBytes(fn);
 }
 
 // Loads from a copy of bytes; fn reads from the archive.

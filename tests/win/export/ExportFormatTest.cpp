@@ -1,6 +1,7 @@
 #include "ExportFixture.h"
 
 #include "Win/framework/CSchemaManager.h"
+#include "support/ArchiveImage.h"
 
 #include <Utils.h>
 
@@ -9,22 +10,14 @@
 
 namespace {
 
-using Bytes = std::vector<BYTE>;
+using testing_support::Bytes;
 
 Bytes Store(CExportFormat& format, int schema) {
     CSchemaManager::Instance().SetCurrentSchema(schema);
-    CMemFile file;
-    {
-        CArchive ar(&file, CArchive::store);
+    return testing_support::StoreToBytes([&](CArchive& ar) {
         CSchemaManager::Instance().Serialize(ar);
         format.Serialize(ar);
-        ar.Close();
-    }
-    const auto size = static_cast<std::size_t>(file.GetLength());
-    BYTE* data = file.Detach();
-    Bytes out(data, data + size);
-    std::free(data);
-    return out;
+    });
 }
 
 // Loads the schema header and a format from bytes, as a host does.

@@ -1,4 +1,5 @@
 #include "Win/framework/CSchemaManager.h"
+#include "support/ArchiveImage.h"
 
 #include <gtest/gtest.h>
 
@@ -7,21 +8,12 @@
 
 namespace {
 
-using Bytes = std::vector<BYTE>;
+using testing_support::Bytes;
 
 Bytes StoreHeader(int schema) {
     CSchemaManager::Instance().SetCurrentSchema(schema);
-    CMemFile file;
-    {
-        CArchive ar(&file, CArchive::store);
-        CSchemaManager::Instance().Serialize(ar);
-        ar.Close();
-    }
-    const auto size = static_cast<std::size_t>(file.GetLength());
-    BYTE* data = file.Detach();
-    Bytes out(data, data + size);
-    std::free(data);
-    return out;
+    return testing_support::StoreToBytes(
+        [](CArchive& ar) { CSchemaManager::Instance().Serialize(ar); });
 }
 
 // Loads bytes with the given current schema; the cause of the archive
