@@ -1,3 +1,4 @@
+// The one clock for the local time; tests pin it to a fixed moment.
 #include "platform/Clock.h"
 
 #include "atltime.h"

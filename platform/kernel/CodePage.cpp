@@ -55,7 +55,34 @@ UConverter* Converter(UINT codePage) {
 // buffer: no converter object and no copy. Unpaired surrogates become U+FFFD
 // unless the caller asked for strict conversion. A length of -1 converts up to
 // the terminator and counts it, which ICU does in the same pass.
+// Plain ASCII, the common case of short fields, needs no converter: the bytes
+// are the code units. Returns -1 for anything else (a character above 0x7F,
+// no room), which the full conversion then handles and reports.
+int AsciiToUtf8(LPCWSTR src, int srcLen, LPSTR dst, int dstLen) {
+    const bool terminated = srcLen < 0;
+    int i = 0;
+    for (; terminated || i < srcLen; ++i) {
+        const char16_t ch = src[i];
+        if (terminated && ch == 0)
+            break;
+        if (ch >= 0x80 || i >= dstLen)
+            return -1;
+        dst[i] = static_cast<char>(ch);
+    }
+    if (!terminated)
+        return i;
+    if (i >= dstLen)
+        return -1;
+    dst[i] = '\0';
+    return i + 1;
+}
+
 int WideToUtf8(DWORD flags, LPCWSTR src, int srcLen, LPSTR dst, int dstLen) {
+    if (dstLen > 0) {
+        const int ascii = AsciiToUtf8(src, srcLen, dst, dstLen);
+        if (ascii >= 0)
+            return ascii;
+    }
     UErrorCode status = U_ZERO_ERROR;
     int32_t length = 0;
     const UChar32 substitute = (flags & WC_ERR_INVALID_CHARS) ? U_SENTINEL : 0xFFFD;

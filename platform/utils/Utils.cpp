@@ -1,5 +1,8 @@
+// The companion library's defaults for exports, chosen for a Linux user: the
+// documents directory (or home), ISO dates that are valid in file names.
 #include "Utils.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace {

@@ -26,6 +26,17 @@ TEST(Utf8, ConvertsWithCodePage65001Rules) {
     EXPECT_EQ(Utf8(u"\xDC00", 1, WC_ERR_INVALID_CHARS), "<fail 1113>");
 }
 
+TEST(Utf8, PlainAsciiKeepsTheSameRulesAtItsEdges) {
+    EXPECT_EQ(Utf8(u"abc", 3, 0, 3), "abc"); // an exact fit
+    EXPECT_EQ(Utf8(u"abcd", 4, 0, 3), "<fail 122>");
+    EXPECT_EQ(Utf8(u"abc", -1, 0, 3), "<fail 122>"); // no room for the terminator
+    // An explicit length converts embedded NULs; -1 stops at the first.
+    EXPECT_EQ(Utf8(std::u16string(u"a\0b", 3), 3), std::string("a\0b", 3));
+    EXPECT_EQ(Utf8(std::u16string(u"a\0b", 3), -1), std::string("a\0", 2));
+    // A late character above 0x7F after a long ASCII run.
+    EXPECT_EQ(Utf8(u"abcdefgh\u00e9", -1), std::string("abcdefgh\xC3\xA9\0", 11));
+}
+
 TEST(Utf8, ReportsFailures) {
     EXPECT_EQ(Utf8(u"x", 0), "<fail 87>");
     EXPECT_EQ(Utf8(u"x", 1, WC_NO_BEST_FIT_CHARS), "<fail 1004>");
