@@ -32,11 +32,18 @@ struct Options {
     std::string dump;  // a peer whose screen is printed beside ours, row by row
 };
 
-void Dump(const std::string& bytes, const std::string& peer) {
+// Feeds a whole stream in reads of chunk bytes, as a pty would deliver it;
+// libvterm cannot take a stream of megabytes in one write.
+void FeedAll(Contender& contender, const std::string& bytes, std::size_t chunk) {
+    for (std::size_t at = 0; at < bytes.size(); at += chunk)
+        contender.Feed(bytes.data() + at, std::min(chunk, bytes.size() - at));
+}
+
+void Dump(const std::string& bytes, const std::string& peer, std::size_t chunk) {
     auto ours = MakeContender("ours");
     auto other = MakeContender(peer);
-    ours->Feed(bytes.data(), bytes.size());
-    other->Feed(bytes.data(), bytes.size());
+    FeedAll(*ours, bytes, chunk);
+    FeedAll(*other, bytes, chunk);
     for (int row = 0; row < 24; ++row) {
         std::string a, b;
         for (int col = 0; col < 80; ++col) {
@@ -58,8 +65,7 @@ double Median(std::vector<double> values) {
 double TimeFeed(const std::string& name, const std::string& bytes, std::size_t chunk) {
     auto contender = MakeContender(name);
     auto start = std::chrono::steady_clock::now();
-    for (std::size_t at = 0; at < bytes.size(); at += chunk)
-        contender->Feed(bytes.data() + at, std::min(chunk, bytes.size() - at));
+    FeedAll(*contender, bytes, chunk);
     auto end = std::chrono::steady_clock::now();
     return std::chrono::duration<double>(end - start).count();
 }
@@ -69,13 +75,8 @@ double TimeFeed(const std::string& name, const std::string& bytes, std::size_t c
 std::string Agreement(const std::string& bytes, const std::string& peer, std::size_t chunk) {
     auto ours = MakeContender("ours");
     auto other = MakeContender(peer);
-    // Fed in the same reads as the timed runs: libvterm cannot take a stream
-    // of megabytes in one write.
-    for (std::size_t at = 0; at < bytes.size(); at += chunk) {
-        std::size_t size = std::min(chunk, bytes.size() - at);
-        ours->Feed(bytes.data() + at, size);
-        other->Feed(bytes.data() + at, size);
-    }
+    FeedAll(*ours, bytes, chunk);
+    FeedAll(*other, bytes, chunk);
     int same = 0, compared = 0;
     for (int row = 0; row < 24; ++row)
         for (int col = 0; col < 80; ++col) {
@@ -177,7 +178,7 @@ int main(int argc, char** argv) {
                 std::ifstream in(options.input, std::ios::binary);
                 bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
             }
-            Dump(bytes, options.dump);
+            Dump(bytes, options.dump, options.chunk);
             continue;
         }
         std::vector<double> seconds[kCount];
