@@ -1,5 +1,5 @@
 // A host built against the installed package: it includes the umbrella header
-// and uses a class from it.
+// and calls into both shared libraries, the library and the platform.
 #include <Win/Win.h>
 
 #include <cstdio>
@@ -8,6 +8,12 @@ int main() {
     CursorPos a(2, 5), b(3, 0);
     if (!(a < b)) {
         std::puts("ordering of CursorPos is wrong");
+        return 1;
+    }
+    CExportFormat format;
+    format.SetFilename(u"orders.csv");
+    if (format.FormatData(u"a,b", false) != CString(u",\"a,b\"")) {
+        std::puts("comma-separated field is wrong");
         return 1;
     }
     std::puts("consumer ok");
