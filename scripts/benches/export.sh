@@ -9,7 +9,9 @@ build=${1:?build dir}
 out=${2:?output dir}
 mkdir -p "$out"
 raw="$out/export.benchmark.json"
-"$build/bench/export/bench_export" --benchmark_format=json --benchmark_repetitions=5 \
+pin=()
+command -v taskset >/dev/null && taskset -c 0 true 2>/dev/null && pin=(taskset -c 0)
+"${pin[@]}" "$build/bench/export/bench_export" --benchmark_format=json --benchmark_repetitions=7 \
     --benchmark_report_aggregates_only=true >"$raw"
 python3 - "$raw" "$out/export.measures.json" <<'PY'
 import json, sys
