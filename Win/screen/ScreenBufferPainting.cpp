@@ -4,6 +4,8 @@
 
 #include "Win/render/ScreenCharRenderer.h"
 
+#include <algorithm>
+
 void ScreenBuffer::Draw(CDC* dc, int row, int col) {
     if (!dc || !IsValid(row, col))
         return;
@@ -26,6 +28,11 @@ void ScreenBuffer::Refresh(CDC* dc) {
 void ScreenBuffer::PrintBuffer(CDC* dc, CSize charSize) {
     if (!dc)
         return;
+    // A cell size beyond what a device can address is limited, so that the
+    // cell positions below cannot overflow.
+    constexpr LONG kMaxCell = 32767;
+    charSize.cx = std::clamp(charSize.cx, -kMaxCell, kMaxCell);
+    charSize.cy = std::clamp(charSize.cy, -kMaxCell, kMaxCell);
     ScreenCharRenderer* renderer = ScreenCharRenderer::Instance();
     int visRows = VisRows();
     int visColumns = VisColumns();

@@ -82,6 +82,22 @@ void Check(const ScreenBuffer& screen, int op) {
     }
 }
 
+// One small memory DC for the whole run; drawing outside it is clipped.
+struct RasterTarget {
+    CDC dc;
+    CBitmap bitmap;
+    RasterTarget() {
+        dc.CreateCompatibleDC(nullptr);
+        bitmap.CreateCompatibleBitmap(&dc, 64, 48);
+        dc.SelectObject(&bitmap);
+    }
+};
+
+RasterTarget& Raster() {
+    static RasterTarget* target = new RasterTarget(); // kept to the end of the run
+    return *target;
+}
+
 void Apply(ScreenBuffer& screen, Input& in, int op) {
     switch (op) {
     case 0:
@@ -294,9 +310,20 @@ void Apply(ScreenBuffer& screen, Input& in, int op) {
         screen.EraseInField(in.Int());
         screen.EraseInArea(in.Int());
         break;
-    default:
+    case 50:
         screen.SetNewlineMode(in.Bool());
         screen.SetScreenMode(in.Bool());
+        break;
+    case 51:
+        // Attaching a small raster DC sends every later change through the
+        // renderer; detaching goes back to the silent path.
+        screen.SetDC(in.Bool() ? &Raster().dc : nullptr);
+        break;
+    case 52:
+        screen.Refresh(&Raster().dc);
+        break;
+    default:
+        screen.PrintBuffer(&Raster().dc, CSize(in.Int(), in.Int()));
         break;
     }
 }
@@ -308,7 +335,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     ScreenBuffer screen(layout);
     Input in(data, size);
     for (int step = 0; !in.Empty() && step < 4096; ++step) {
-        int op = in.Byte() % 51;
+        int op = in.Byte() % 54;
         Apply(screen, in, op);
         Check(screen, op);
     }

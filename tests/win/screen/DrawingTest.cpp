@@ -5,6 +5,7 @@
 
 #include <platform/GdiJournal.h>
 
+#include <limits>
 #include <map>
 #include <set>
 #include <utility>
@@ -170,6 +171,19 @@ TEST_F(DrawingTest, RefreshDrawsTheVisibleCellsOnlyAndPrintingUsesThePageGrid) {
             EXPECT_EQ(entry.args[1], 40);
         }
     EXPECT_TRUE(found);
+}
+
+TEST_F(DrawingTest, AnyCellSizeForPrintingKeepsPositionsInRange) {
+    screen.CursorPosition(24, 80);
+    Write("z");
+    journal.Clear();
+    screen.PrintBuffer(&dc,
+                       CSize(std::numeric_limits<LONG>::max(), -std::numeric_limits<LONG>::max()));
+    auto texts = journal.Ops("TextOut");
+    ASSERT_EQ(texts.size(), 24u * 80u);
+    EXPECT_EQ(texts.back().text, u"z");
+    EXPECT_EQ(texts.back().args[0], 79 * 32767);
+    EXPECT_EQ(texts.back().args[1], 23 * -32767);
 }
 
 } // namespace
