@@ -117,7 +117,14 @@ public:
     void ResetToInitialState();
 
     // --- Selection and text extraction (one-based positions) ---
+    // Marks the run from a to b (either order), wrapping from the last visible
+    // column of a row to column 0 of the next; only cells whose mark changes are
+    // touched and drawn.
     void Select(const CursorPos& a, const CursorPos& b);
+    // The text of the marked run, a row break (CR LF, trailing blanks and tabs
+    // dropped) wherever the run goes on to the next row. The run keeps the width
+    // it was marked at: after the visible width narrows, the text still holds
+    // the cells now hidden beyond the last visible column.
     CString SelectedText() const;
 
     // --- Painting and printing ---
@@ -185,8 +192,9 @@ private:
     void EraseSpan(int row, int first, int last);
     void ShiftCellsRight(int row, int col, int n);
     void ShiftCellsLeft(int row, int col, int n);
-    // One step of the selection walk: right, or to column 0 of the next row.
-    CursorPos NextPos(const CursorPos& pos) const;
+    // One step of a walk over rows of the given width: right, or to column 0 of
+    // the next row.
+    static CursorPos NextPos(const CursorPos& pos, int columns);
     void ChangeSelection(const CursorPos& pos, bool selected);
 
     EmulatorLayout& m_layout;
@@ -218,6 +226,9 @@ private:
     int m_bottomMargin = 23;
     CursorPos m_selStart{-1, -1};
     CursorPos m_selEnd{-1, -1};
+    // The visible width when the selection was marked: its walk keeps this width
+    // whatever VisColumns() does later, so ending it clears every marked cell.
+    int m_selColumns = 0;
 
     ScreenChar m_blank[kMaxColumns];
     int m_blankCharSet = -1;

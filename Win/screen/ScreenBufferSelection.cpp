@@ -10,11 +10,8 @@ bool ScreenBuffer::ActiveSelection() const {
            m_selEnd.m_col >= 0;
 }
 
-CursorPos ScreenBuffer::NextPos(const CursorPos& pos) const {
-    // A column at or beyond the last visible one (left there when the visible
-    // width shrank under a selection) also steps to the next row, so a walk never
-    // leaves the row's 132 cells.
-    if (pos.m_col + 1 >= VisColumns())
+CursorPos ScreenBuffer::NextPos(const CursorPos& pos, int columns) {
+    if (pos.m_col + 1 >= columns)
         return CursorPos(pos.m_row + 1, 0);
     return CursorPos(pos.m_row, pos.m_col + 1);
 }
@@ -32,10 +29,13 @@ void ScreenBuffer::ChangeSelection(const CursorPos& pos, bool selected) {
 void ScreenBuffer::Unselect() {
     if (!ActiveSelection())
         return;
-    for (CursorPos pos = m_selStart; pos <= m_selEnd; pos = NextPos(pos))
+    // The walk uses the width the run was marked at, so cells that a narrower
+    // view now hides are cleared too (and not drawn, being outside it).
+    for (CursorPos pos = m_selStart; pos <= m_selEnd; pos = NextPos(pos, m_selColumns))
         ChangeSelection(pos, false);
     m_selStart = CursorPos(-1, -1);
     m_selEnd = CursorPos(-1, -1);
+    m_selColumns = 0;
 }
 
 void ScreenBuffer::Select(const CursorPos& a, const CursorPos& b) {
@@ -52,6 +52,12 @@ void ScreenBuffer::Select(const CursorPos& a, const CursorPos& b) {
     bool hadSelection = ActiveSelection();
     CursorPos oldFirst = m_selStart;
     CursorPos oldLast = m_selEnd;
+    // The old run was marked at its own width, which the visible width may no
+    // longer match: the walk covers the wider of the two, and a position belongs
+    // to a run only inside that run's width.
+    int newColumns = VisColumns();
+    int oldColumns = hadSelection ? m_selColumns : newColumns;
+    int walkColumns = std::max(oldColumns, newColumns);
     CursorPos from = first;
     CursorPos to = last;
     // When the old and new runs are disjoint the cells between them are skipped.
@@ -72,24 +78,25 @@ void ScreenBuffer::Select(const CursorPos& a, const CursorPos& b) {
         }
     }
 
-    for (CursorPos pos = from; pos <= to; pos = NextPos(pos)) {
+    for (CursorPos pos = from; pos <= to; pos = NextPos(pos, walkColumns)) {
         if (disjoint && pos > earlierEnd && pos < laterStart)
             pos = laterStart;
-        bool inOld = hadSelection && oldFirst <= pos && pos <= oldLast;
-        bool inNew = first <= pos && pos <= last;
+        bool inOld = hadSelection && pos.m_col < oldColumns && oldFirst <= pos && pos <= oldLast;
+        bool inNew = pos.m_col < newColumns && first <= pos && pos <= last;
         if (inOld != inNew)
             ChangeSelection(pos, inNew);
     }
     m_selStart = first;
     m_selEnd = last;
+    m_selColumns = newColumns;
 }
 
 CString ScreenBuffer::SelectedText() const {
     if (!ActiveSelection())
         return CString();
     std::u16string text;
-    int lastColumn = VisColumns() - 1;
-    for (CursorPos pos = m_selStart; pos <= m_selEnd; pos = NextPos(pos)) {
+    int lastColumn = m_selColumns - 1;
+    for (CursorPos pos = m_selStart; pos <= m_selEnd; pos = NextPos(pos, m_selColumns)) {
         text.push_back(Cell(pos.m_row, pos.m_col).GetValue());
         if (pos.m_col >= lastColumn) {
             std::size_t end = text.find_last_not_of(u" \t");

@@ -245,6 +245,7 @@ void Vt100Parser::Control(unsigned char byte) {
 
 void Vt100Parser::ResetParserModes() {
     m_newlineMode = false;
+    m_insertMode = false;
 }
 
 void Vt100Parser::EscapeDispatch(unsigned char final) {
@@ -282,6 +283,11 @@ void Vt100Parser::EscapeDispatch(unsigned char final) {
 }
 
 void Vt100Parser::Designate(unsigned char intermediate, unsigned char final) {
+    if (intermediate == '#') {
+        if (final == '8') // DECALN; the line size functions (3 to 6) have no screen call
+            AlignmentPattern();
+        return;
+    }
     int g;
     switch (intermediate) {
     case '(':
@@ -296,7 +302,7 @@ void Vt100Parser::Designate(unsigned char intermediate, unsigned char final) {
     case '+':
         g = 3;
         break;
-    default: // ESC # 8 (screen alignment) and other two-byte functions
+    default:
         return;
     }
     switch (final) {
@@ -312,6 +318,31 @@ void Vt100Parser::Designate(unsigned char intermediate, unsigned char final) {
     default:
         break;
     }
+}
+
+void Vt100Parser::AlignmentPattern() {
+    // The whole page, margins reset and origin mode off, is filled with E's in
+    // the plain rendition, which stays the current one afterwards. The parser
+    // designates no set in which E is anything but E, so the active set is kept.
+    m_screen.ResetVideo();
+    m_screen.SetOriginMode(false);
+    m_screen.SetScrollingRegion(0, 0); // also homes the cursor
+    // In insert mode every E would shift the rest of its row first.
+    m_screen.SetInsertMode(false);
+    const int rows = m_screen.VisRows();
+    const int columns = m_screen.VisColumns();
+    for (int row = 0; row < rows; ++row) {
+        if (row > 0) {
+            // The last E of a row leaves the wrap pending; the carriage return
+            // ends it, and the index reaches rows below the terminal's 24.
+            m_screen.CarriageReturn();
+            m_screen.Index();
+        }
+        for (int col = 0; col < columns; ++col)
+            m_screen.PutChar(u'E');
+    }
+    m_screen.SetInsertMode(m_insertMode);
+    m_screen.CursorPosition(1, 1);
 }
 
 void Vt100Parser::CsiDispatch(unsigned char final) {
@@ -433,6 +464,7 @@ void Vt100Parser::AnsiMode(bool set) {
         switch (Param(i)) {
         case 4: // IRM
             m_screen.SetInsertMode(set);
+            m_insertMode = set;
             break;
         case 20: // LNM
             m_screen.SetNewlineMode(set);

@@ -51,6 +51,8 @@ private:
     void AnsiMode(bool set);
     void SelectGraphicRendition();
     void LineFeed();
+    // ESC # 8: the screen alignment pattern.
+    void AlignmentPattern();
     void ResetParserModes();
     // Cursor movements on a VT100 leave the pending-wrap position first: the cursor
     // goes back to the last column, as if it had not advanced past it.
@@ -75,4 +77,6 @@ private:
     int m_utf8Pending = 0;
     bool m_autoWrapAtReset = true;
     bool m_newlineMode = false;
+    // Insert mode as set through IRM, so that a fill can turn it off and back.
+    bool m_insertMode = false;
 };

@@ -82,6 +82,25 @@ void Check(const ScreenBuffer& screen, int op) {
     }
 }
 
+// Every stored cell, hidden columns and spare rows included, that carries a
+// selection mark must lie in the selection's run; with no selection, none may.
+void CheckMarks(const ScreenBuffer& screen, int op) {
+    ScreenBufferProbe probe(screen);
+    bool active = screen.ActiveSelection();
+    CursorPos start = probe.SelStart();
+    CursorPos end = probe.SelEnd();
+    for (int row = 0; row < probe.MaxRows(); ++row)
+        for (int col = 0; col < probe.MaxColumns(); ++col) {
+            if (!probe.Cell(row, col).IsSelected())
+                continue;
+            if (!active)
+                Fail("a cell still marked with no selection", op);
+            CursorPos pos(row, col);
+            if (pos < start || end < pos)
+                Fail("a marked cell outside the selection", op);
+        }
+}
+
 // One small memory DC for the whole run; drawing outside it is clipped.
 struct RasterTarget {
     CDC dc;
@@ -336,8 +355,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Input in(data, size);
     for (int step = 0; !in.Empty() && step < 4096; ++step) {
         int op = in.Byte() % 54;
+        bool hadSelection = screen.ActiveSelection();
         Apply(screen, in, op);
         Check(screen, op);
+        // The whole array is scanned only where marks change wholesale: when a
+        // selection is made or ends.
+        if (op == 7 || op == 47 || (hadSelection && !screen.ActiveSelection()))
+            CheckMarks(screen, op);
     }
     return 0;
 }

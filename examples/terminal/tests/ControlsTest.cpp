@@ -121,3 +121,32 @@ TEST_F(ControlsTest, HardResetRestoresThePowerUpState) {
     Feed("\x1b[?7h\x1b[!p");
     EXPECT_FALSE(probe.AutoWrapMode());
 }
+
+TEST_F(ControlsTest, AlignmentPatternFillsThePageWithPlainEs) {
+    LabelRows();
+    Feed("\x1b[5;10r\x1b[?6h\x1b[1;7m\x1b[4h\x1b[7;7H\x1b#8");
+    for (int row = 0; row < 24; ++row) {
+        EXPECT_EQ(Text(row, 0, 79), std::string(80, 'E')) << row;
+        EXPECT_EQ(probe.Modes(row), std::string(80, '.')) << row;
+    }
+    EXPECT_EQ(Cursor(), "1,1");
+    EXPECT_EQ(probe.TopMargin(), 0);
+    EXPECT_EQ(probe.BottomMargin(), 23);
+    EXPECT_FALSE(probe.OriginMode());
+    EXPECT_EQ(probe.VideoMode(), 0);
+    // Insert mode survives the fill: text goes on from home, pushing the E's.
+    EXPECT_TRUE(probe.InsertMode());
+    Feed("ab");
+    EXPECT_EQ(Text(0, 0, 3), "abEE");
+    EXPECT_EQ(Text(0, 79, 79), "E");
+
+    // A taller and wider window is filled to its last visible cell.
+    screen.SetWindowSize(30, 100, false);
+    Feed("\x1b[4l\x1b#8");
+    for (int row = 0; row < 30; ++row)
+        EXPECT_EQ(Text(row, 0, 99), std::string(100, 'E')) << row;
+    EXPECT_EQ(Cursor(), "1,1");
+    // The other ESC # functions are consumed and change nothing.
+    Feed("\x1b#3x");
+    EXPECT_EQ(Text(0, 0, 1), "xE");
+}

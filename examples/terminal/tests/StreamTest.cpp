@@ -38,7 +38,7 @@ TEST_F(StreamTest, StringsAndCancelledSequencesAreConsumed) {
     Feed("\x1b[2\rA");
     EXPECT_EQ(Cursor(), "1,1");
     // Unknown escapes and intermediates are swallowed whole.
-    Feed("\x1b#8\x1b=\x1b>\x1b[1 q\x1b[1;2$wZ");
+    Feed("\x1b#3\x1b=\x1b>\x1b[1 q\x1b[1;2$wZ");
     EXPECT_EQ(Line(0), "ZbcCAB");
 }
 

@@ -103,6 +103,37 @@ TEST_F(DrawingTest, SelectionChangesDrawOnlyTheCellsThatChange) {
     EXPECT_FALSE(screen.ActiveSelection());
 }
 
+TEST_F(DrawingTest, ASelectionEndedUnderANarrowerViewDrawsNothingSelectedLater) {
+    screen.SetAutoWrapMode(true);
+    screen.SetWindowSize(24, 100, false);
+    screen.Select(CursorPos(1, 75), CursorPos(2, 10));
+    screen.SetAutoWrapMode(false); // columns 80 to 99 hidden
+
+    // Only the marked cells still in view are drawn as the selection ends.
+    journal.Clear();
+    screen.Unselect();
+    auto expected = Run(0, 74, 79);
+    expected.merge(Run(1, 0, 9));
+    EXPECT_EQ(DrawnCells(), expected);
+
+    // Widened again, a repaint shows every cell on the plain background.
+    screen.SetAutoWrapMode(true);
+    journal.Clear();
+    screen.Refresh(&dc);
+    std::map<COLORREF, int> backgrounds;
+    for (const auto& entry : journal.Ops("TextOut"))
+        ++backgrounds[entry.bkColor];
+    EXPECT_EQ(backgrounds.size(), 1u) << journal.Dump();
+
+    // Narrowing between two selections: the second one draws the cells of the
+    // first that are still in view and its own, nothing else.
+    screen.Select(CursorPos(1, 75), CursorPos(1, 90));
+    screen.SetAutoWrapMode(false);
+    journal.Clear();
+    screen.Select(CursorPos(1, 78), CursorPos(1, 80));
+    EXPECT_EQ(DrawnCells(), Run(0, 74, 76));
+}
+
 TEST_F(DrawingTest, ScrollsRedrawTheRegionAndLineEditsTheScreen) {
     screen.SetScrollingRegion(5, 10);
     screen.CursorPosition(10, 1);
