@@ -137,6 +137,49 @@ TEST(CStdioFile, FullDiskRaisesOnFlushAndClose) {
     file.Abort();
 }
 
+// Opening a file object that is still open writes out what the first file
+// holds and closes it before the second opens, in either stream mode.
+TEST(CStdioFile, SecondOpenWritesOutTheFirstFile) {
+    const fs::path dir = testing_support::TestOutputDir("stdio-reopen");
+    for (const UINT type : {UINT(CFile::typeText), UINT(CFile::typeBinary)}) {
+        const bool text = type == CFile::typeText;
+        const fs::path first = dir / (text ? "first.txt" : "first.bin");
+        const fs::path second = dir / (text ? "second.txt" : "second.bin");
+        CStdioFile file;
+        ASSERT_TRUE(file.Open(Name(first), kCreate | type));
+        file.Write("a\nb", 3);
+        file.WriteString(u"c\n");
+        ASSERT_TRUE(file.Open(Name(second), kCreate | type));
+        EXPECT_EQ(ReadAll(first),
+                  text ? std::string("a\r\nbc\r\n") : std::string("a\nbc\0\n\0", 7));
+        file.Write("z", 1);
+        // The same file again: its exclusive share was released by the close.
+        ASSERT_TRUE(file.Open(Name(first), kCreate | CFile::modeNoTruncate | type));
+        EXPECT_EQ(ReadAll(second), "z");
+        file.Write("!", 1);
+        file.Close();
+        EXPECT_EQ(ReadAll(first).back(), '!');
+    }
+
+    // Bytes the first file cannot take are reported, not dropped in silence.
+    if (!fs::exists("/dev/full"))
+        GTEST_SKIP() << "no /dev/full";
+    for (const UINT type : {UINT(CFile::typeText), UINT(CFile::typeBinary)}) {
+        CStdioFile file;
+        ASSERT_TRUE(file.Open(u"/dev/full", kCreate | type));
+        file.WriteString(u"lost");
+        try {
+            file.Open(Name(dir / "after.txt"), kCreate | type);
+            ADD_FAILURE() << "no exception";
+        } catch (CFileException* e) {
+            EXPECT_EQ(e->m_cause, CFileException::diskFull);
+            EXPECT_EQ(e->m_strFileName, CString(u"/dev/full"));
+            e->Delete();
+        }
+        EXPECT_FALSE(file.IsOpen());
+    }
+}
+
 TEST(CFile, OpenFailuresReportCauseAndTheNameAsPassed) {
     const fs::path dir = testing_support::TestOutputDir("file-errors");
     CFile file;
