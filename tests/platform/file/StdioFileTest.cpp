@@ -1,5 +1,6 @@
 #include <afx.h>
 
+#include "support/ReadOnlyDirectory.h"
 #include "support/TempDir.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +9,6 @@
 #include <fstream>
 #include <iterator>
 #include <string>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -207,21 +207,17 @@ TEST(CFile, OpenFailuresReportCauseAndTheNameAsPassed) {
 }
 
 TEST(CFile, ReadOnlyDirectoryDeniesAccess) {
-    fs::path dir = testing_support::TestOutputDir("file-readonly");
-    if (geteuid() == 0) {
-        dir = "/sys"; // permissions do not stop the superuser; sysfs refuses new files
-    } else {
-        fs::permissions(dir, fs::perms::owner_read | fs::perms::owner_exec);
-    }
-    CFile file;
-    CFileException error;
-    EXPECT_FALSE(file.Open(Name(dir / "export.txt"), kCreate, &error));
-    EXPECT_EQ(error.m_cause, CFileException::accessDenied);
-    WCHAR text[256];
-    error.GetErrorMessage(text, 256);
-    EXPECT_EQ(CString(text), u"Access to " + Name(dir / "export.txt") + u" was denied.");
-    if (geteuid() != 0)
-        fs::permissions(dir, fs::perms::owner_all);
+    const testing_support::ReadOnlyDirectory dir("file-readonly");
+    dir.RunRefused([&] {
+        CFile file;
+        CFileException error;
+        const CString name = Name(dir.Path() / "export.txt");
+        EXPECT_FALSE(file.Open(name, kCreate, &error));
+        EXPECT_EQ(error.m_cause, CFileException::accessDenied);
+        WCHAR text[256];
+        error.GetErrorMessage(text, 256);
+        EXPECT_EQ(CString(text), u"Access to " + name + u" was denied.");
+    });
 }
 
 TEST(CFile, ExclusiveShareRefusesASecondOpen) {
