@@ -12,26 +12,58 @@ std::atomic<std::size_t> g_cap{0};
 
 } // namespace
 
-// Replaces the global allocation functions of this test program; the platform
-// library's allocations resolve to them too.
-void* operator new(std::size_t size) {
+namespace {
+
+void* Allocate(std::size_t size) {
     if (g_watching.load(std::memory_order_relaxed)) {
         std::size_t seen = g_largest.load();
         while (size > seen && !g_largest.compare_exchange_weak(seen, size)) {
         }
         if (size > g_cap.load())
-            throw std::bad_alloc();
+            return nullptr;
     }
-    if (void* p = std::malloc(size ? size : 1))
+    return std::malloc(size ? size : 1);
+}
+
+void* AllocateOrThrow(std::size_t size) {
+    if (void* p = Allocate(size))
         return p;
     throw std::bad_alloc();
 }
 
+} // namespace
+
+// Replaces every unaligned global allocation function of this test program
+// (a sanitizer runtime supplies its own for any left out, and the pairs must
+// match); the platform library's allocations resolve to them too.
+void* operator new(std::size_t size) {
+    return AllocateOrThrow(size);
+}
+void* operator new[](std::size_t size) {
+    return AllocateOrThrow(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return Allocate(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    return Allocate(size);
+}
 void operator delete(void* p) noexcept {
     std::free(p);
 }
-
+void operator delete[](void* p) noexcept {
+    std::free(p);
+}
 void operator delete(void* p, std::size_t) noexcept {
+    std::free(p);
+}
+void operator delete[](void* p, std::size_t) noexcept {
+    std::free(p);
+}
+void operator delete(void* p, const std::nothrow_t&) noexcept {
+    std::free(p);
+}
+void operator delete[](void* p, const std::nothrow_t&) noexcept {
     std::free(p);
 }
 
