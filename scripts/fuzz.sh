@@ -15,7 +15,7 @@ for name in "${targets[@]}"; do
     mkdir -p "$work" build/fuzz/artifacts
     echo "== fuzz_$name: $runs inputs"
     UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
-        LSAN_OPTIONS="suppressions=$PWD/fuzz/lsan.supp" \
+        LSAN_OPTIONS="suppressions=$PWD/scripts/lsan.supp" \
         "build/fuzz/fuzz/$name/fuzz_$name" -runs="$runs" -rss_limit_mb=2048 \
         -max_len=4096 -print_final_stats=1 -artifact_prefix="build/fuzz/artifacts/$name-" \
         "$work" "fuzz/$name/corpus"

@@ -1,7 +1,10 @@
 #include "afx.h"
 
+#include <algorithm>
 #include <climits>
 #include <cstring>
+#include <string>
+#include <vector>
 
 CArchive::CArchive(CFile* file, UINT mode, int bufSize, void* /*buf*/)
     : m_pFile(file), m_nMode(mode) {
@@ -165,6 +168,9 @@ ULONGLONG AfxReadStringLength(CArchive& ar, int& charSize) {
         return d;
     ULONGLONG q = 0;
     ar >> q;
+    // No string is longer than an int can count.
+    if (q > static_cast<ULONGLONG>(INT_MAX))
+        AfxThrowArchiveException(CArchiveException::genericException);
     return q;
 }
 
@@ -176,43 +182,85 @@ CArchive& operator<<(CArchive& ar, const CString& text) {
     return ar;
 }
 
+namespace {
+
+// Long payloads are read in steps of this many bytes, so memory grows only as
+// the file delivers data: a corrupt length over a short stream costs at most
+// one step beyond what arrived, and no file needs to report its size.
+constexpr std::size_t kPayloadStep = 1 << 16;
+
+void ReadOrEndOfFile(CArchive& ar, void* buffer, std::size_t bytes) {
+    if (ar.Read(buffer, static_cast<UINT>(bytes)) != bytes)
+        AfxThrowArchiveException(CArchiveException::endOfFile);
+}
+
+// Reads length units of a string's payload.
+template <class Text> Text ReadPayload(CArchive& ar, std::size_t length) {
+    const std::size_t bytes = length * sizeof(typename Text::value_type);
+    Text text;
+    if (bytes <= kPayloadStep) {
+        text.resize(length);
+        ReadOrEndOfFile(ar, text.data(), bytes);
+        return text;
+    }
+    std::vector<std::vector<BYTE>> steps;
+    for (std::size_t left = bytes; left > 0;) {
+        const std::size_t n = std::min(left, kPayloadStep);
+        steps.emplace_back(n);
+        ReadOrEndOfFile(ar, steps.back().data(), n);
+        left -= n;
+    }
+    text.resize(length);
+    auto* out = reinterpret_cast<BYTE*>(text.data());
+    for (std::vector<BYTE>& step : steps) {
+        std::memcpy(out, step.data(), step.size());
+        out += step.size();
+        std::vector<BYTE>().swap(step);
+    }
+    return text;
+}
+
+// A 32-bit length may claim more characters than a string holds. Such a
+// payload is read and dropped, so that a stream ending early reports its end
+// like any other truncated string; one that really holds it all cannot be
+// loaded into memory.
+[[noreturn]] void SkipOversizedPayload(CArchive& ar, ULONGLONG bytes) {
+    std::vector<BYTE> scratch(kPayloadStep);
+    for (ULONGLONG left = bytes; left > 0;) {
+        const auto n = static_cast<std::size_t>(std::min<ULONGLONG>(left, kPayloadStep));
+        ReadOrEndOfFile(ar, scratch.data(), n);
+        left -= n;
+    }
+    AfxThrowMemoryException();
+}
+
+} // namespace
+
 CArchive& operator>>(CArchive& ar, CString& text) {
     int charSize = 1;
     const ULONGLONG length = AfxReadStringLength(ar, charSize);
-    // Strings are int-sized; a longer one cannot come from a real writer.
     if (length > static_cast<ULONGLONG>(INT_MAX))
-        AfxThrowArchiveException(CArchiveException::genericException);
-    const ULONGLONG bytes = length * static_cast<ULONGLONG>(charSize);
-    // Checked before allocating, so a corrupt prefix cannot ask for gigabytes.
-    if (bytes > ar.GetRemaining())
-        AfxThrowArchiveException(CArchiveException::endOfFile);
-    if (length == 0) {
-        text.Empty();
+        SkipOversizedPayload(ar, length * static_cast<ULONGLONG>(charSize));
+    const auto units = static_cast<std::size_t>(length);
+    if (charSize == 2) {
+        std::u16string wide = ReadPayload<std::u16string>(ar, units);
+        const std::size_t nul = wide.find(u'\0');
+        if (nul != std::u16string::npos)
+            wide.resize(nul);
+        text = CString(std::u16string_view(wide));
         return ar;
     }
-    if (charSize == 2) {
-        std::u16string units(static_cast<std::size_t>(length), u'\0');
-        if (ar.Read(units.data(), static_cast<UINT>(bytes)) != bytes)
-            AfxThrowArchiveException(CArchiveException::endOfFile);
-        const std::size_t nul = units.find(u'\0');
-        if (nul != std::u16string::npos)
-            units.resize(nul);
-        text = CString(std::u16string_view(units));
-    } else {
-        std::string narrow(static_cast<std::size_t>(length), '\0');
-        if (ar.Read(narrow.data(), static_cast<UINT>(bytes)) != bytes)
-            AfxThrowArchiveException(CArchiveException::endOfFile);
-        const std::size_t nul = narrow.find('\0');
-        if (nul != std::string::npos)
-            narrow.resize(nul);
-        text.Empty();
-        if (!narrow.empty()) {
-            const int n = static_cast<int>(narrow.size());
-            std::u16string wide(narrow.size(), u'\0');
-            const int got = MultiByteToWideChar(CP_ACP, 0, narrow.data(), n, wide.data(), n);
-            wide.resize(static_cast<std::size_t>(std::max(got, 0)));
-            text = CString(std::u16string_view(wide));
-        }
+    std::string narrow = ReadPayload<std::string>(ar, units);
+    const std::size_t nul = narrow.find('\0');
+    if (nul != std::string::npos)
+        narrow.resize(nul);
+    text.Empty();
+    if (!narrow.empty()) {
+        const int n = static_cast<int>(narrow.size());
+        std::u16string wide(narrow.size(), u'\0');
+        const int got = MultiByteToWideChar(CP_ACP, 0, narrow.data(), n, wide.data(), n);
+        wide.resize(static_cast<std::size_t>(std::max(got, 0)));
+        text = CString(std::u16string_view(wide));
     }
     return ar;
 }

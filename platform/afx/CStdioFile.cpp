@@ -31,8 +31,10 @@ CStdioFile::~CStdioFile() {
 }
 
 BOOL CStdioFile::Open(LPCTSTR fileName, UINT openFlags, CFileException* error) {
+    // An open stream is written out and closed first; a failure there throws
+    // as Close does rather than losing the buffered bytes in silence.
     if (IsOpen())
-        Abort();
+        Close();
     // The stream is always opened as a text or a binary stream.
     if (!(openFlags & (typeText | typeBinary)))
         openFlags |= typeText;

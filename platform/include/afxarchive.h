@@ -31,7 +31,8 @@ public:
     void Close();
     void Abort();
 
-    // Bytes that a load can still deliver: the buffer and the rest of the file.
+    // Bytes that a load can still deliver: the buffer and the rest of the
+    // file. Needs a file that can seek; loading itself does not.
     ULONGLONG GetRemaining() const;
 
     CArchive& operator<<(BYTE value) { return Put(value); }
@@ -67,8 +68,11 @@ private:
         Write(&value, sizeof value);
         return *this;
     }
+    // Through a copy, so a read cut short leaves value as it was.
     template <class T> CArchive& Get(T& value) {
-        ReadExact(&value, sizeof value);
+        T read{};
+        ReadExact(&read, sizeof read);
+        value = read;
         return *this;
     }
     // Reads exactly count bytes or throws endOfFile.
@@ -87,11 +91,14 @@ private:
 
 // The framework's string length prefix. The writer marks Unicode text with
 // FF FE FF; the reader accepts that form and the older single-byte one, and
-// reports the character size it found (1 or 2).
+// reports the character size it found (1 or 2). A 64-bit length above INT_MAX
+// raises genericException.
 void AfxWriteStringLength(CArchive& ar, ULONGLONG length, BOOL unicode);
 ULONGLONG AfxReadStringLength(CArchive& ar, int& charSize);
 
 // A CString goes out as UTF-16LE code units; single-byte strings are read
-// through the ANSI code page. A loaded string ends at its first U+0000.
+// through the ANSI code page. A loaded string ends at its first U+0000. A
+// length that the data does not back raises endOfFile; memory grows only with
+// the bytes that arrive, so any file will do, a pipe included.
 CArchive& operator<<(CArchive& ar, const CString& text);
 CArchive& operator>>(CArchive& ar, CString& text);

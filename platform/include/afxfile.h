@@ -78,6 +78,8 @@ public:
     CStdioFile(LPCTSTR fileName, UINT openFlags);
     ~CStdioFile() override;
 
+    // A file still open is closed first, its buffer written out; if that
+    // fails, the Close exception (diskFull) comes out and nothing is opened.
     BOOL Open(LPCTSTR fileName, UINT openFlags, CFileException* error = nullptr) override;
     // Reads raw bytes after writing out what is buffered.
     UINT Read(void* buffer, UINT count) override;

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <initializer_list>
 #include <vector>
 
 namespace {
@@ -152,6 +153,65 @@ TEST(CArchive, HugeLengthPrefixFailsBeforeAllocating) {
     EXPECT_EQ(ArchiveCause({0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0, 1, 0, 0, 0},
                            ReadString),
               CArchiveException::genericException);
+}
+
+// Only the 64-bit form can claim more than a string holds; a 32-bit length
+// that the data does not back is an ordinary truncation.
+TEST(CArchive, LengthCausesFollowThePrefixForm) {
+    const auto cause = [](std::initializer_list<BYTE> prefix) {
+        Bytes bytes(prefix);
+        bytes.insert(bytes.end(), {0x41, 0x00, 0x42, 0x00});
+        return ArchiveCause(bytes, ReadString);
+    };
+    EXPECT_EQ(cause({0xFF, 0xFE, 0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0x00, 0x00, 0x80}),
+              CArchiveException::endOfFile);
+    EXPECT_EQ(cause({0xFF, 0xFE, 0xFF, 0xFF, 0xFF, 0xFF, 0xFE, 0xFF, 0xFF, 0xFF}),
+              CArchiveException::endOfFile);
+    EXPECT_EQ(cause({0xFF, 0xFF, 0xFF, 0xFE, 0xFF, 0xFF, 0xFF}), CArchiveException::endOfFile);
+    EXPECT_EQ(cause({0xFF, 0xFE, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF,
+                     0x7F, 0, 0, 0, 0}),
+              CArchiveException::endOfFile);
+    EXPECT_EQ(cause({0xFF, 0xFE, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0x00, 0x00,
+                     0x80, 0, 0, 0, 0}),
+              CArchiveException::genericException);
+}
+
+// A read cut short raises end of file and leaves the variable as it was.
+TEST(CArchive, TruncatedValueLeavesItsTargetUntouched) {
+    const auto check = [](Bytes bytes, auto before) {
+        auto value = before;
+        const int cause = [&] {
+            try {
+                Load(bytes, [&](CArchive& ar) { ar >> value; });
+            } catch (CArchiveException* e) {
+                const int c = e->m_cause;
+                e->Delete();
+                return c;
+            }
+            return 0;
+        }();
+        EXPECT_EQ(cause, CArchiveException::endOfFile) << bytes.size() << " bytes";
+        EXPECT_EQ(value, before) << bytes.size() << " bytes";
+    };
+    check({0x10}, static_cast<WORD>(0x1234));
+    check({0x10, 0x20, 0x30}, 0x12345678u);
+    check({0x10, 0x20}, -5);
+    check({1, 2, 3, 4, 5}, static_cast<LONGLONG>(0x1122334455667788));
+    check({1, 2, 3, 4, 5, 6, 7}, 2.5);
+    check({1}, 0.5f);
+
+    // The header case: magic read whole, the schema cut after its first byte.
+    Load({0xBA, 0xAB, 0xAD, 0xDE, 0x10}, [](CArchive& ar) {
+        UINT magic = 0, schema = 0x12345678;
+        ar >> magic;
+        try {
+            ar >> schema;
+            ADD_FAILURE() << "no exception";
+        } catch (CArchiveException* e) {
+            e->Delete();
+        }
+        EXPECT_EQ(schema, 0x12345678u);
+    });
 }
 
 TEST(CArchive, WrongDirectionRaisesWithTheFileName) {

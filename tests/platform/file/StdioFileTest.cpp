@@ -1,5 +1,6 @@
 #include <afx.h>
 
+#include "support/ReadOnlyDirectory.h"
 #include "support/TempDir.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +9,6 @@
 #include <fstream>
 #include <iterator>
 #include <string>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -137,6 +137,49 @@ TEST(CStdioFile, FullDiskRaisesOnFlushAndClose) {
     file.Abort();
 }
 
+// Opening a file object that is still open writes out what the first file
+// holds and closes it before the second opens, in either stream mode.
+TEST(CStdioFile, SecondOpenWritesOutTheFirstFile) {
+    const fs::path dir = testing_support::TestOutputDir("stdio-reopen");
+    for (const UINT type : {UINT(CFile::typeText), UINT(CFile::typeBinary)}) {
+        const bool text = type == CFile::typeText;
+        const fs::path first = dir / (text ? "first.txt" : "first.bin");
+        const fs::path second = dir / (text ? "second.txt" : "second.bin");
+        CStdioFile file;
+        ASSERT_TRUE(file.Open(Name(first), kCreate | type));
+        file.Write("a\nb", 3);
+        file.WriteString(u"c\n");
+        ASSERT_TRUE(file.Open(Name(second), kCreate | type));
+        EXPECT_EQ(ReadAll(first),
+                  text ? std::string("a\r\nbc\r\n") : std::string("a\nbc\0\n\0", 7));
+        file.Write("z", 1);
+        // The same file again: its exclusive share was released by the close.
+        ASSERT_TRUE(file.Open(Name(first), kCreate | CFile::modeNoTruncate | type));
+        EXPECT_EQ(ReadAll(second), "z");
+        file.Write("!", 1);
+        file.Close();
+        EXPECT_EQ(ReadAll(first).back(), '!');
+    }
+
+    // Bytes the first file cannot take are reported, not dropped in silence.
+    if (!fs::exists("/dev/full"))
+        GTEST_SKIP() << "no /dev/full";
+    for (const UINT type : {UINT(CFile::typeText), UINT(CFile::typeBinary)}) {
+        CStdioFile file;
+        ASSERT_TRUE(file.Open(u"/dev/full", kCreate | type));
+        file.WriteString(u"lost");
+        try {
+            file.Open(Name(dir / "after.txt"), kCreate | type);
+            ADD_FAILURE() << "no exception";
+        } catch (CFileException* e) {
+            EXPECT_EQ(e->m_cause, CFileException::diskFull);
+            EXPECT_EQ(e->m_strFileName, CString(u"/dev/full"));
+            e->Delete();
+        }
+        EXPECT_FALSE(file.IsOpen());
+    }
+}
+
 TEST(CFile, OpenFailuresReportCauseAndTheNameAsPassed) {
     const fs::path dir = testing_support::TestOutputDir("file-errors");
     CFile file;
@@ -164,21 +207,17 @@ TEST(CFile, OpenFailuresReportCauseAndTheNameAsPassed) {
 }
 
 TEST(CFile, ReadOnlyDirectoryDeniesAccess) {
-    fs::path dir = testing_support::TestOutputDir("file-readonly");
-    if (geteuid() == 0) {
-        dir = "/sys"; // permissions do not stop the superuser; sysfs refuses new files
-    } else {
-        fs::permissions(dir, fs::perms::owner_read | fs::perms::owner_exec);
-    }
-    CFile file;
-    CFileException error;
-    EXPECT_FALSE(file.Open(Name(dir / "export.txt"), kCreate, &error));
-    EXPECT_EQ(error.m_cause, CFileException::accessDenied);
-    WCHAR text[256];
-    error.GetErrorMessage(text, 256);
-    EXPECT_EQ(CString(text), u"Access to " + Name(dir / "export.txt") + u" was denied.");
-    if (geteuid() != 0)
-        fs::permissions(dir, fs::perms::owner_all);
+    const testing_support::ReadOnlyDirectory dir("file-readonly");
+    dir.RunRefused([&] {
+        CFile file;
+        CFileException error;
+        const CString name = Name(dir.Path() / "export.txt");
+        EXPECT_FALSE(file.Open(name, kCreate, &error));
+        EXPECT_EQ(error.m_cause, CFileException::accessDenied);
+        WCHAR text[256];
+        error.GetErrorMessage(text, 256);
+        EXPECT_EQ(CString(text), u"Access to " + name + u" was denied.");
+    });
 }
 
 TEST(CFile, ExclusiveShareRefusesASecondOpen) {

@@ -1,8 +1,7 @@
 #include "ExportFixture.h"
 
 #include "Win/utils/WinUtils.h"
-
-#include <unistd.h>
+#include "support/ReadOnlyDirectory.h"
 
 namespace fs = std::filesystem;
 
@@ -161,16 +160,13 @@ TEST_F(ExportFile, OpenFailureGivesTheFrameworkDescription) {
     EXPECT_EQ(file.GetError(), expected.GetErrorText());
     EXPECT_FALSE(fs::exists(missing.parent_path()));
 
-    fs::path readOnly = testing_support::TestOutputDir("export-readonly");
-    if (geteuid() == 0)
-        readOnly = "/sys"; // the superuser ignores permissions; sysfs refuses new files
-    else
-        fs::permissions(readOnly, fs::perms::owner_read | fs::perms::owner_exec);
-    CExportFile denied(Format(readOnly / "x.txt", u",", u""));
-    EXPECT_FALSE(denied.Open(false));
-    EXPECT_EQ(denied.GetError(), u"Access to " + Name(readOnly / "x.txt") + u" was denied.");
-    if (geteuid() != 0)
-        fs::permissions(readOnly, fs::perms::owner_all);
+    const testing_support::ReadOnlyDirectory readOnly("export-readonly");
+    readOnly.RunRefused([&] {
+        CExportFile denied(Format(readOnly.Path() / "x.txt", u",", u""));
+        EXPECT_FALSE(denied.Open(false));
+        EXPECT_EQ(denied.GetError(),
+                  u"Access to " + Name(readOnly.Path() / "x.txt") + u" was denied.");
+    });
 }
 
 TEST_F(ExportFile, LongErrorsAreCutTo255Characters) {
