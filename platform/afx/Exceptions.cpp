@@ -1,4 +1,4 @@
-#include "afx.h"
+#include <afxwin.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -157,4 +157,31 @@ void AfxThrowFileException(int cause, LONG osError, LPCTSTR fileName) {
 
 void AfxThrowArchiveException(int cause, LPCTSTR fileName) {
     throw new CArchiveException(cause, fileName);
+}
+
+CString CUserException::GetErrorText() const {
+    return CString();
+}
+
+CString CNotSupportedException::GetErrorText() const {
+    return u"An unsupported operation was attempted.";
+}
+
+void AfxThrowUserException() {
+    throw new CUserException();
+}
+
+void AfxThrowNotSupportedException() {
+    throw new CNotSupportedException();
+}
+
+int CException::ReportError(UINT type, UINT messageId) const {
+    CString text = GetErrorText();
+    if (text.IsEmpty()) {
+        if (messageId)
+            text.LoadString(messageId);
+        if (text.IsEmpty())
+            text = u"No error message is available.";
+    }
+    return AfxMessageBox(text, type);
 }

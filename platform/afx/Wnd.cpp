@@ -1,6 +1,8 @@
-// CWnd: window objects attached to handles, creation through the framework's
-// window class, and message routing to the virtual handlers.
+// CWnd: window objects attached to handles, creation, subclassing, and the
+// thin wrappers over the window system's functions.
 #include <afxwin.h>
+
+#include "user/WindowManager.h"
 
 #include <memory>
 #include <unordered_map>
@@ -20,38 +22,53 @@ std::unordered_map<HWND, std::unique_ptr<CWnd>>& TemporaryMap() {
     return *map;
 }
 
-// The object whose window is being created: it is attached at the window's
-// first message, so that WM_NCCREATE and WM_CREATE already reach it.
+// The object whose window is being created: it is attached, and the window
+// subclassed, before the window's first message, so that WM_NCCREATE and
+// WM_CREATE already reach it.
 CWnd* g_creating = nullptr;
-
-LRESULT FrameworkWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 
 LRESULT FrameworkWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     CWnd* wnd = CWnd::FromHandlePermanent(hwnd);
-    if (!wnd && g_creating) {
-        wnd = g_creating;
-        g_creating = nullptr;
-        wnd->Attach(hwnd);
-    }
     if (!wnd)
         return ::DefWindowProc(hwnd, message, wParam, lParam);
     return AfxCallWndProc(wnd, hwnd, message, wParam, lParam);
+}
+
+void AttachCreatingObject(HWND hwnd) {
+    CWnd* wnd = g_creating;
+    if (!wnd)
+        return;
+    g_creating = nullptr;
+    wnd->SubclassWindow(hwnd);
 }
 
 void RegisterFrameworkClass() {
     WNDCLASS wc{};
     if (::GetClassInfo(nullptr, kFrameworkClass, &wc))
         return;
-    wc.lpfnWndProc = FrameworkWndProc;
+    wc.lpfnWndProc = ::DefWindowProc;
     wc.lpszClassName = kFrameworkClass;
     ::RegisterClass(&wc);
 }
 
 } // namespace
 
-LRESULT AfxCallWndProc(CWnd* wnd, HWND, UINT message, WPARAM wParam, LPARAM lParam) {
-    return wnd->WindowProc(message, wParam, lParam);
+namespace platform::afx {
+
+// Makes the next window created belong to wnd; the previous value comes back
+// for nesting.
+CWnd* HookWindowCreate(CWnd* wnd) {
+    platform::user::WindowManager::Instance().createHook = AttachCreatingObject;
+    CWnd* previous = g_creating;
+    g_creating = wnd;
+    return previous;
 }
+
+void UnhookWindowCreate(CWnd* previous) {
+    g_creating = previous;
+}
+
+} // namespace platform::afx
 
 CWnd::~CWnd() {
     if (m_hWnd && ::IsWindow(m_hWnd))
@@ -100,6 +117,30 @@ HWND CWnd::Detach() {
     return hwnd;
 }
 
+BOOL CWnd::SubclassWindow(HWND hwnd) {
+    if (!::IsWindow(hwnd) || !Attach(hwnd))
+        return FALSE;
+    PreSubclassWindow();
+    auto previous = reinterpret_cast<WNDPROC>(::GetWindowLongPtr(hwnd, GWLP_WNDPROC));
+    if (previous != FrameworkWndProc) {
+        m_pfnSuper = previous;
+        ::SetWindowLongPtr(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(FrameworkWndProc));
+    }
+    return TRUE;
+}
+
+BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent) {
+    HWND control = parent ? ::GetDlgItem(parent->m_hWnd, static_cast<int>(id)) : nullptr;
+    return control ? SubclassWindow(control) : FALSE;
+}
+
+HWND CWnd::UnsubclassWindow() {
+    if (m_pfnSuper)
+        ::SetWindowLongPtr(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_pfnSuper));
+    m_pfnSuper = nullptr;
+    return Detach();
+}
+
 BOOL CWnd::Create(LPCTSTR className, LPCTSTR windowName, DWORD style, const RECT& rect,
                   CWnd* parent, UINT id) {
     return CreateEx(0, className, windowName, style, rect, parent, id);
@@ -113,20 +154,12 @@ BOOL CWnd::CreateEx(DWORD exStyle, LPCTSTR className, LPCTSTR windowName, DWORD 
         RegisterFrameworkClass();
         className = kFrameworkClass;
     }
-    // A class of the host's own routes to the object too, through the framework's
-    // procedure: the object is attached at the first message it receives.
-    WNDCLASS wc{};
-    bool framework = ::GetClassInfo(nullptr, className, &wc) && wc.lpfnWndProc == FrameworkWndProc;
-    CWnd* previous = g_creating;
-    if (framework)
-        g_creating = this;
+    CWnd* previous = platform::afx::HookWindowCreate(this);
     HWND hwnd = ::CreateWindowEx(
         exStyle, className, windowName, style, rect.left, rect.top, rect.right - rect.left,
         rect.bottom - rect.top, parent ? parent->m_hWnd : nullptr,
         reinterpret_cast<HMENU>(static_cast<uintptr_t>(id)), nullptr, nullptr);
-    g_creating = previous;
-    if (hwnd && !m_hWnd)
-        Attach(hwnd);
+    platform::afx::UnhookWindowCreate(previous);
     return hwnd ? TRUE : FALSE;
 }
 
@@ -140,8 +173,60 @@ CWnd* CWnd::GetParent() const {
     return CWnd::FromHandle(::GetParent(m_hWnd));
 }
 
+CWnd* CWnd::GetOwner() const {
+    HWND owner = ::GetWindow(m_hWnd, GW_OWNER);
+    return CWnd::FromHandle(owner ? owner : ::GetParent(m_hWnd));
+}
+
+CWnd* CWnd::GetTopLevelParent() const {
+    HWND hwnd = m_hWnd;
+    while (hwnd && (::GetWindowLongPtr(hwnd, GWL_STYLE) & WS_CHILD))
+        hwnd = ::GetParent(hwnd);
+    return CWnd::FromHandle(hwnd);
+}
+
+CWnd* CWnd::GetDlgItem(int id) const {
+    return CWnd::FromHandle(::GetDlgItem(m_hWnd, id));
+}
+
 int CWnd::GetDlgCtrlID() const {
     return ::GetDlgCtrlID(m_hWnd);
+}
+
+void CWnd::SetDlgItemText(int id, LPCTSTR text) {
+    ::SetWindowText(::GetDlgItem(m_hWnd, id), text);
+}
+
+int CWnd::GetDlgItemText(int id, CString& text) const {
+    text.Empty();
+    CWnd* item = GetDlgItem(id);
+    if (item)
+        item->GetWindowText(text);
+    return text.GetLength();
+}
+
+CWnd* CWnd::GetWindow(UINT command) const {
+    return CWnd::FromHandle(::GetWindow(m_hWnd, command));
+}
+
+DWORD CWnd::GetStyle() const {
+    return static_cast<DWORD>(::GetWindowLongPtr(m_hWnd, GWL_STYLE));
+}
+
+DWORD CWnd::GetExStyle() const {
+    return static_cast<DWORD>(::GetWindowLongPtr(m_hWnd, GWL_EXSTYLE));
+}
+
+BOOL CWnd::ModifyStyle(DWORD remove, DWORD add, UINT flags) {
+    DWORD style = GetStyle();
+    DWORD changed = (style & ~remove) | add;
+    if (changed == style)
+        return FALSE;
+    ::SetWindowLongPtr(m_hWnd, GWL_STYLE, static_cast<LONG_PTR>(changed));
+    if (flags)
+        ::SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
+                       SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | flags);
+    return TRUE;
 }
 
 void CWnd::GetClientRect(LPRECT rect) const {
@@ -156,8 +241,18 @@ void CWnd::ClientToScreen(LPPOINT point) const {
     ::ClientToScreen(m_hWnd, point);
 }
 
+void CWnd::ClientToScreen(LPRECT rect) const {
+    ::ClientToScreen(m_hWnd, reinterpret_cast<LPPOINT>(&rect->left));
+    ::ClientToScreen(m_hWnd, reinterpret_cast<LPPOINT>(&rect->right));
+}
+
 void CWnd::ScreenToClient(LPPOINT point) const {
     ::ScreenToClient(m_hWnd, point);
+}
+
+void CWnd::ScreenToClient(LPRECT rect) const {
+    ::ScreenToClient(m_hWnd, reinterpret_cast<LPPOINT>(&rect->left));
+    ::ScreenToClient(m_hWnd, reinterpret_cast<LPPOINT>(&rect->right));
 }
 
 void CWnd::MoveWindow(int x, int y, int width, int height, BOOL repaint) {
@@ -169,12 +264,74 @@ void CWnd::MoveWindow(LPCRECT rect, BOOL repaint) {
                  repaint);
 }
 
+BOOL CWnd::SetWindowPos(const CWnd* insertAfter, int x, int y, int cx, int cy, UINT flags) {
+    return ::SetWindowPos(m_hWnd, insertAfter ? insertAfter->m_hWnd : nullptr, x, y, cx, cy, flags);
+}
+
+void CWnd::CenterWindow(CWnd* alternateOwner) {
+    CRect area;
+    HWND over = alternateOwner ? alternateOwner->m_hWnd : ::GetWindow(m_hWnd, GW_OWNER);
+    if (!over && (GetStyle() & WS_CHILD))
+        over = ::GetParent(m_hWnd);
+    ::GetWindowRect(over ? over : ::GetDesktopWindow(), &area);
+    CRect mine;
+    GetWindowRect(&mine);
+    int x = area.left + (area.Width() - mine.Width()) / 2;
+    int y = area.top + (area.Height() - mine.Height()) / 2;
+    if (GetStyle() & WS_CHILD) {
+        CPoint topLeft(x, y);
+        ::ScreenToClient(::GetParent(m_hWnd), &topLeft);
+        x = topLeft.x;
+        y = topLeft.y;
+    } else {
+        x = std::max(0, x);
+        y = std::max(0, y);
+    }
+    ::SetWindowPos(m_hWnd, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 BOOL CWnd::ShowWindow(int command) {
     return ::ShowWindow(m_hWnd, command);
 }
 
 BOOL CWnd::IsWindowVisible() const {
     return ::IsWindowVisible(m_hWnd);
+}
+
+BOOL CWnd::EnableWindow(BOOL enable) {
+    return ::EnableWindow(m_hWnd, enable);
+}
+
+BOOL CWnd::IsWindowEnabled() const {
+    return ::IsWindowEnabled(m_hWnd);
+}
+
+CWnd* CWnd::SetFocus() {
+    return CWnd::FromHandle(::SetFocus(m_hWnd));
+}
+
+CWnd* CWnd::GetFocus() {
+    return CWnd::FromHandle(::GetFocus());
+}
+
+CWnd* CWnd::SetActiveWindow() {
+    return CWnd::FromHandle(::SetActiveWindow(m_hWnd));
+}
+
+CWnd* CWnd::GetActiveWindow() {
+    return CWnd::FromHandle(::GetActiveWindow());
+}
+
+CWnd* CWnd::GetForegroundWindow() {
+    return CWnd::FromHandle(::GetForegroundWindow());
+}
+
+BOOL CWnd::SetForegroundWindow() {
+    return ::SetForegroundWindow(m_hWnd);
+}
+
+void CWnd::BringWindowToTop() {
+    ::BringWindowToTop(m_hWnd);
 }
 
 void CWnd::SetWindowText(LPCTSTR text) {
@@ -186,6 +343,19 @@ void CWnd::GetWindowText(CString& text) const {
     LPWSTR buffer = text.GetBufferSetLength(length);
     ::GetWindowText(m_hWnd, buffer, length + 1);
     text.ReleaseBuffer(length);
+}
+
+int CWnd::GetWindowTextLength() const {
+    return ::GetWindowTextLength(m_hWnd);
+}
+
+void CWnd::SetFont(CFont* font, BOOL redraw) {
+    ::SendMessage(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(font ? font->m_hObject : nullptr),
+                  redraw);
+}
+
+CFont* CWnd::GetFont() const {
+    return CFont::FromHandle(reinterpret_cast<HFONT>(::SendMessage(m_hWnd, WM_GETFONT, 0, 0)));
 }
 
 void CWnd::Invalidate(BOOL erase) {
@@ -232,49 +402,11 @@ BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     return ::PostMessage(m_hWnd, message, wParam, lParam);
 }
 
-LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_CREATE:
-        return OnCreate(reinterpret_cast<LPCREATESTRUCT>(lParam));
-    case WM_DESTROY:
-        OnDestroy();
-        return 0;
-    case WM_SIZE:
-        OnSize(static_cast<UINT>(wParam), LOWORD(lParam), HIWORD(lParam));
-        return 0;
-    case WM_PAINT:
-        OnPaint();
-        return 0;
-    case WM_ERASEBKGND:
-        return OnEraseBkgnd(CDC::FromHandle(reinterpret_cast<HDC>(wParam)));
-    case WM_NCDESTROY: {
-        LRESULT result = DefWindowProc(message, wParam, lParam);
-        Detach();
-        PostNcDestroy();
-        return result;
+void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, BOOL deep) {
+    for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child;
+         child = ::GetWindow(child, GW_HWNDNEXT)) {
+        ::SendMessage(child, message, wParam, lParam);
+        if (deep && ::IsWindow(child))
+            CWnd::FromHandle(child)->SendMessageToDescendants(message, wParam, lParam, TRUE);
     }
-    default:
-        return DefWindowProc(message, wParam, lParam);
-    }
-}
-
-LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    return ::DefWindowProc(m_hWnd, message, wParam, lParam);
-}
-
-int CWnd::OnCreate(LPCREATESTRUCT) {
-    return 0;
-}
-
-void CWnd::OnDestroy() {}
-
-void CWnd::OnSize(UINT, int, int) {}
-
-void CWnd::OnPaint() {
-    DefWindowProc(WM_PAINT, 0, 0);
-}
-
-BOOL CWnd::OnEraseBkgnd(CDC* dc) {
-    return static_cast<BOOL>(
-        DefWindowProc(WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc ? dc->m_hDC : nullptr), 0));
 }

@@ -14,6 +14,9 @@ public:
     virtual BOOL GetErrorMessage(LPTSTR error, UINT maxError, UINT* helpContext = nullptr) const;
     // The whole description.
     virtual CString GetErrorText() const = 0;
+    // Shows the description in a message box (the text of string messageId,
+    // or a stock text, when there is none); returns the box's result.
+    virtual int ReportError(UINT type = 0x30 /* MB_ICONEXCLAMATION */, UINT messageId = 0) const;
 
     BOOL m_bAutoDelete = TRUE;
 
@@ -81,3 +84,19 @@ public:
 [[noreturn]] void AfxThrowMemoryException();
 [[noreturn]] void AfxThrowFileException(int cause, LONG osError = -1, LPCTSTR fileName = nullptr);
 [[noreturn]] void AfxThrowArchiveException(int cause, LPCTSTR fileName = nullptr);
+
+// Thrown after a failed dialog validation, once the user was told.
+class CUserException : public CException {
+public:
+    CUserException() = default;
+    CString GetErrorText() const override;
+};
+
+class CNotSupportedException : public CException {
+public:
+    CNotSupportedException() = default;
+    CString GetErrorText() const override;
+};
+
+[[noreturn]] void AfxThrowUserException();
+[[noreturn]] void AfxThrowNotSupportedException();

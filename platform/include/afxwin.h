@@ -127,5 +127,6 @@ private:
     CDC& operator=(const CDC&) = delete;
 };
 
+#include "afxdialog.h"
 #include "afxdll_.h"
 #include "afxwnd.h"

@@ -2,7 +2,48 @@
 // Included from afxwin.h.
 #pragma once
 
+#include "afxmsg_.h"
 #include "afxwin.h"
+
+// An object that receives commands: its message map names the handlers of
+// the commands and messages it takes; OnCmdMsg looks a command up there.
+class CCmdTarget : public CObject {
+public:
+    // Calls the handler of command nID with notification code nCode (CN_COMMAND
+    // for menu commands, CN_UPDATE_COMMAND_UI with a CCmdUI* in extra) and
+    // returns TRUE, or returns FALSE when the map has none. With handlerInfo
+    // set, only reports whether a handler exists.
+    virtual BOOL OnCmdMsg(UINT nID, int nCode, void* extra, void* handlerInfo);
+
+protected:
+    static const AFX_MSGMAP* GetThisMessageMap();
+    virtual const AFX_MSGMAP* GetMessageMap() const;
+};
+
+// The entry for message, code and id in map or its bases; null when none.
+const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP* map, UINT message, UINT code,
+                                            UINT id);
+
+// The state of a command's user interface (a menu item or a button) while
+// its update handler runs.
+class CCmdUI {
+public:
+    UINT m_nID = 0;
+    UINT m_nIndex = 0;
+    BOOL m_bEnabled = TRUE;
+    BOOL m_bEnableChanged = FALSE;
+    int m_nCheck = 0;
+    BOOL m_bContinueRouting = FALSE;
+
+    virtual ~CCmdUI() = default;
+    virtual void Enable(BOOL on = TRUE);
+    virtual void SetCheck(int check = 1);
+    virtual void SetText(LPCTSTR text);
+    void ContinueRouting() { m_bContinueRouting = TRUE; }
+    // Asks target's update handler; a command without one is disabled when
+    // disableIfNoHandler is set and it has no command handler either.
+    BOOL DoUpdate(CCmdTarget* target, BOOL disableIfNoHandler);
+};
 
 // A window object attached to a window handle. Messages reach WindowProc, which
 // hands the ones the framework knows to the virtual On... handlers and the rest
@@ -10,7 +51,7 @@
 class CWnd;
 LRESULT AfxCallWndProc(CWnd* wnd, HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 
-class CWnd : public CObject {
+class CWnd : public CCmdTarget {
 public:
     HWND m_hWnd = nullptr;
 
@@ -27,9 +68,15 @@ public:
     static CWnd* FromHandlePermanent(HWND hwnd);
     BOOL Attach(HWND hwnd);
     HWND Detach();
+    // Routes an existing window's messages through this object; what the
+    // object does not handle goes on to the window's own procedure.
+    BOOL SubclassWindow(HWND hwnd);
+    BOOL SubclassDlgItem(UINT id, CWnd* parent);
+    HWND UnsubclassWindow();
 
     // A null class name uses the framework's own window class, whose background
-    // is not erased. rect is in the parent's client coordinates.
+    // is not erased. rect is in the parent's client coordinates. Any other
+    // class routes its messages through the object as well.
     virtual BOOL Create(LPCTSTR className, LPCTSTR windowName, DWORD style, const RECT& rect,
                         CWnd* parent, UINT id);
     virtual BOOL CreateEx(DWORD exStyle, LPCTSTR className, LPCTSTR windowName, DWORD style,
@@ -37,17 +84,42 @@ public:
     virtual BOOL DestroyWindow();
 
     CWnd* GetParent() const;
+    CWnd* GetOwner() const;
+    CWnd* GetTopLevelParent() const;
+    CWnd* GetDlgItem(int id) const;
     int GetDlgCtrlID() const;
+    void SetDlgItemText(int id, LPCTSTR text);
+    int GetDlgItemText(int id, CString& text) const;
+    CWnd* GetWindow(UINT command) const;
+    DWORD GetStyle() const;
+    DWORD GetExStyle() const;
+    BOOL ModifyStyle(DWORD remove, DWORD add, UINT flags = 0);
     void GetClientRect(LPRECT rect) const;
     void GetWindowRect(LPRECT rect) const;
     void ClientToScreen(LPPOINT point) const;
+    void ClientToScreen(LPRECT rect) const;
     void ScreenToClient(LPPOINT point) const;
+    void ScreenToClient(LPRECT rect) const;
     void MoveWindow(int x, int y, int width, int height, BOOL repaint = TRUE);
     void MoveWindow(LPCRECT rect, BOOL repaint = TRUE);
+    BOOL SetWindowPos(const CWnd* insertAfter, int x, int y, int cx, int cy, UINT flags);
+    void CenterWindow(CWnd* alternateOwner = nullptr);
     BOOL ShowWindow(int command);
     BOOL IsWindowVisible() const;
+    BOOL EnableWindow(BOOL enable = TRUE);
+    BOOL IsWindowEnabled() const;
+    CWnd* SetFocus();
+    static CWnd* GetFocus();
+    CWnd* SetActiveWindow();
+    static CWnd* GetActiveWindow();
+    static CWnd* GetForegroundWindow();
+    BOOL SetForegroundWindow();
+    void BringWindowToTop();
     void SetWindowText(LPCTSTR text);
     void GetWindowText(CString& text) const;
+    int GetWindowTextLength() const;
+    void SetFont(CFont* font, BOOL redraw = TRUE);
+    CFont* GetFont() const;
 
     void Invalidate(BOOL erase = TRUE);
     void InvalidateRect(LPCRECT rect, BOOL erase = TRUE);
@@ -63,13 +135,49 @@ public:
 
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+    void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0,
+                                  BOOL deep = TRUE);
 
+    // Data exchange between the window's controls and the object's members:
+    // saveAndValidate TRUE reads the controls. FALSE when a validation failed.
+    BOOL UpdateData(BOOL saveAndValidate = TRUE);
+
+    // Runs messages until EndModalLoop; returns its result. A loop that runs
+    // out of messages asks the platform's idle handler (the simulated user)
+    // for more; when it has none the loop cancels as the user would.
+    virtual int RunModalLoop(DWORD flags = 0);
+    virtual BOOL ContinueModal();
+    virtual void EndModalLoop(int result);
+
+    // Called for each message before it is dispatched, from the target window
+    // up to the window running the loop; TRUE consumes the message.
+    virtual BOOL PreTranslateMessage(MSG* msg);
     // Hands a message for hwnd to wnd's WindowProc.
     friend LRESULT AfxCallWndProc(CWnd* wnd, HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
+
+    // The framework's window state flags.
+    UINT m_nFlags = 0;
+    int m_nModalResult = 0;
 
 protected:
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    // Looks the message up in the message map; TRUE with the result when a
+    // handler took it.
+    virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    // WM_COMMAND: a control's notification is first reflected to the control;
+    // a menu command is dropped when its update handler disables it.
+    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
+    // A notification this control sent to its parent, reflected back to it.
+    virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    BOOL ReflectChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    static BOOL ReflectLastMsg(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
+                               LRESULT* result = nullptr);
+    // The default processing of the message being handled.
+    LRESULT Default();
+    virtual void DoDataExchange(class CDataExchange* dx);
+    virtual void PreSubclassWindow() {}
     // Called after the window is destroyed, with the handle already gone.
     virtual void PostNcDestroy() {}
 
@@ -79,11 +187,36 @@ protected:
     // The default validates the update region without drawing.
     virtual void OnPaint();
     virtual BOOL OnEraseBkgnd(CDC* dc);
+    void OnClose();
+    void OnSetFocus(CWnd* oldWnd);
+    void OnKillFocus(CWnd* newWnd);
+    void OnTimer(UINT_PTR id);
+    void OnShowWindow(BOOL show, UINT status);
+    void OnLButtonDown(UINT flags, CPoint point);
+    void OnLButtonUp(UINT flags, CPoint point);
+    void OnLButtonDblClk(UINT flags, CPoint point);
+    void OnRButtonDown(UINT flags, CPoint point);
+    void OnRButtonUp(UINT flags, CPoint point);
+    void OnMouseMove(UINT flags, CPoint point);
+    void OnKeyDown(UINT ch, UINT repeat, UINT flags);
+    void OnKeyUp(UINT ch, UINT repeat, UINT flags);
+    void OnChar(UINT ch, UINT repeat, UINT flags);
+    UINT OnGetDlgCode();
+
+    static const AFX_MSGMAP* GetThisMessageMap();
+    const AFX_MSGMAP* GetMessageMap() const override;
+
+    // The procedure the window had before the object subclassed it.
+    WNDPROC m_pfnSuper = nullptr;
 
 private:
     CWnd(const CWnd&) = delete;
     CWnd& operator=(const CWnd&) = delete;
 };
+
+// m_nFlags bits.
+#define WF_CONTINUEMODAL 0x0001
+#define WF_MODALLOOP 0x0002
 
 // The device context of a paint handler: BeginPaint on construction, EndPaint
 // on destruction.

@@ -3,6 +3,8 @@
 #pragma once
 
 #include "windef.h"
+#include "winmessages.h"
+#include "winstyles.h"
 
 typedef LRESULT (*WNDPROC)(HWND, UINT, WPARAM, LPARAM);
 
@@ -165,5 +167,87 @@ BOOL PeekMessage(LPMSG msg, HWND hwnd, UINT filterMin, UINT filterMax, UINT remo
 // (platform/MessagePump.h) for more; when none comes it returns FALSE with
 // WM_QUIT in msg, as if the application had quit, so no loop waits forever.
 BOOL GetMessage(LPMSG msg, HWND hwnd, UINT filterMin, UINT filterMax);
+// Posts WM_CHAR for a key-down message of a key that types a character.
 BOOL TranslateMessage(const MSG* msg);
+// The high bit is set while the key is down.
+SHORT GetKeyState(int vk);
 LRESULT DispatchMessage(const MSG* msg);
+
+// Focus, activation, enabled state and mouse capture. SetFocus sends
+// WM_KILLFOCUS to the old window, then WM_SETFOCUS to the new one, and
+// activates the new one's top-level window first; it returns the previous
+// focus window.
+HWND GetFocus();
+HWND SetFocus(HWND hwnd);
+HWND GetActiveWindow();
+HWND SetActiveWindow(HWND hwnd);
+HWND GetForegroundWindow();
+BOOL SetForegroundWindow(HWND hwnd);
+BOOL BringWindowToTop(HWND hwnd);
+// Returns whether the window was disabled before. Disabling the window with
+// the focus, or its parent, leaves no window focused.
+BOOL EnableWindow(HWND hwnd, BOOL enable);
+BOOL IsWindowEnabled(HWND hwnd);
+HWND GetCapture();
+HWND SetCapture(HWND hwnd);
+BOOL ReleaseCapture();
+
+// The tree and the z-order: child windows keep their creation order (the
+// first is on top, and it is first in the tab order); a new top-level window
+// comes up on top.
+HWND GetWindow(HWND hwnd, UINT command);
+HWND GetTopWindow(HWND hwnd);
+HWND GetDlgItem(HWND dialog, int id);
+BOOL SetWindowPos(HWND hwnd, HWND insertAfter, int x, int y, int cx, int cy, UINT flags);
+LONG_PTR GetWindowLongPtr(HWND hwnd, int index);
+LONG_PTR SetWindowLongPtr(HWND hwnd, int index, LONG_PTR value);
+
+// Dialogs. A template is the resource script's dialog as the platform reads
+// it (platform/ResourceTemplates.h); dialog units become pixels through the
+// dialog font (platform/DialogUnits.h).
+namespace platform {
+struct DialogTemplate;
+}
+typedef const platform::DialogTemplate* LPCDLGTEMPLATE;
+typedef INT_PTR (*DLGPROC)(HWND, UINT, WPARAM, LPARAM);
+
+// Creates the dialog and its controls, sends WM_SETFONT and WM_INITDIALOG
+// (TRUE from the procedure focuses the first tab stop) and shows it if the
+// template asks for WS_VISIBLE. NULL when a control's class is unknown.
+HWND CreateDialogIndirectParam(HINSTANCE instance, LPCDLGTEMPLATE tmpl, HWND owner, DLGPROC proc,
+                               LPARAM init);
+// Runs the dialog modally with the owner disabled; returns what EndDialog
+// was given, or -1 when the dialog could not be created.
+INT_PTR DialogBoxIndirectParam(HINSTANCE instance, LPCDLGTEMPLATE tmpl, HWND owner, DLGPROC proc,
+                               LPARAM init);
+// Marks a dialog's modal state as ended with result; its loop ends after the
+// current message.
+BOOL EndDialog(HWND dialog, INT_PTR result);
+LRESULT DefDlgProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
+// Handles the dialog keyboard (Tab, arrows, Enter, Escape) for a message
+// meant for the dialog or one of its controls, and dispatches the rest.
+// FALSE for a message of another window.
+BOOL IsDialogMessage(HWND dialog, LPMSG msg);
+HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous);
+HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous);
+BOOL MapDialogRect(HWND dialog, LPRECT rect);
+
+DWORD GetSysColor(int index);
+// The system's brush of a colour; never delete it.
+HBRUSH GetSysColorBrush(int index);
+
+// Draws text in a rectangle with the DC's font and colours: lines break at
+// CR, LF and CR LF, and with DT_WORDBREAK between words; '&' underlines the
+// next character unless DT_NOPREFIX ("&&" is one '&'); output is clipped to
+// the rectangle unless DT_NOCLIP. DT_CALCRECT measures instead of drawing.
+// Returns the height of the text.
+int DrawTextW(HDC hdc, LPCWSTR text, int count, LPRECT rect, UINT format);
+#define DrawText DrawTextW
+
+// A modal message box over owner (NULL for none): the text, an icon and the
+// buttons of the type's MB_ flags. Returns the button's id (IDOK, IDYES, ...);
+// Escape gives IDCANCEL, or IDOK when OK is the only button. 0 on failure.
+int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);
+#define MessageBox MessageBoxW
+// The enabled pop-up owned by hwnd that was active last, else hwnd.
+HWND GetLastActivePopup(HWND hwnd);

@@ -2,6 +2,9 @@
 // window procedure.
 #include "WindowManager.h"
 
+#include "Keyboard.h"
+
+#include <platform/Automation.h>
 #include <platform/MessagePump.h>
 
 #include <algorithm>
@@ -121,8 +124,10 @@ BOOL PeekMessage(LPMSG msg, HWND hwnd, UINT filterMin, UINT filterMax, UINT remo
         if ((hwnd && it->hwnd != hwnd) || !InRange(it->message, filterMin, filterMax))
             continue;
         *msg = *it;
-        if (remove & PM_REMOVE)
+        if (remove & PM_REMOVE) {
             queue.erase(it);
+            platform::user::NoteKeyMessage(*msg);
+        }
         return TRUE;
     }
     if (Manager().quitPosted) {
@@ -148,16 +153,10 @@ BOOL GetMessage(LPMSG msg, HWND hwnd, UINT filterMin, UINT filterMax) {
     for (;;) {
         if (PeekMessage(msg, hwnd, filterMin, filterMax, PM_REMOVE))
             return msg->message == WM_QUIT ? FALSE : TRUE;
-        auto& idle = IdleHandler();
-        if (!idle || !idle())
+        if (!platform::RunIdle())
             break;
     }
     *msg = MSG{nullptr, WM_QUIT, 0, 0, 0, POINT{0, 0}};
-    return FALSE;
-}
-
-BOOL TranslateMessage(const MSG*) {
-    // There is no keyboard, so no key message ever needs translating.
     return FALSE;
 }
 
@@ -187,6 +186,13 @@ int PumpMessages() {
 
 void SetIdleHandler(std::function<bool()> handler) {
     IdleHandler() = std::move(handler);
+}
+
+bool RunIdle() {
+    if (automation::RunNext())
+        return true;
+    auto& idle = IdleHandler();
+    return idle && idle();
 }
 
 } // namespace platform

@@ -83,7 +83,12 @@ Window* WindowManager::CreateWindowRecord(const WindowClass* windowClass, Window
     window->windowClass = windowClass;
     window->proc = windowClass->wc.lpfnWndProc;
     window->parent = parent;
-    parent->children.push_back(window.get());
+    // A new top-level window comes up on top; a new child goes below its
+    // siblings, so that children keep their creation (tab) order.
+    if (parent == &m_desktop)
+        parent->children.insert(parent->children.begin(), window.get());
+    else
+        parent->children.push_back(window.get());
     Window* result = window.get();
     m_windows.emplace(result->handle, std::move(window));
     return result;
@@ -95,6 +100,15 @@ void WindowManager::Forget(Window* window) {
         siblings.erase(std::remove(siblings.begin(), siblings.end(), window), siblings.end());
     }
     HWND handle = window->handle;
+    for (auto& [other, record] : m_windows)
+        if (record->owner == window)
+            record->owner = nullptr;
+    if (focus == handle)
+        focus = nullptr;
+    if (active == handle)
+        active = nullptr;
+    if (capture == handle)
+        capture = nullptr;
     m_queue.erase(std::remove_if(m_queue.begin(), m_queue.end(),
                                  [handle](const MSG& msg) { return msg.hwnd == handle; }),
                   m_queue.end());
@@ -106,6 +120,19 @@ bool WindowManager::IsShown(const Window* window) const {
         if (!window->visible)
             return false;
     return true;
+}
+
+bool WindowManager::IsEnabled(const Window* window) const {
+    for (; window && window != &m_desktop; window = window->parent)
+        if (window->style & WS_DISABLED)
+            return false;
+    return true;
+}
+
+Window* WindowManager::TopLevel(Window* window) const {
+    while (window && window->parent && window->parent != &m_desktop)
+        window = window->parent;
+    return window == &m_desktop ? nullptr : window;
 }
 
 POINT WindowManager::ClientOrigin(const Window* window) const {

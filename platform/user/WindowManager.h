@@ -22,7 +22,11 @@ struct WindowClass {
 struct Window {
     HWND handle = nullptr;
     Window* parent = nullptr;
-    std::vector<Window*> children; // in creation order
+    // The z-order, topmost first: child windows in creation order (which is
+    // also the dialog's tab order), top-level windows with the newest on top.
+    std::vector<Window*> children;
+    // A top-level window's owner (a dialog's or message box's parent window).
+    Window* owner = nullptr;
     const WindowClass* windowClass = nullptr;
     WNDPROC proc = nullptr;
     DWORD style = 0;
@@ -31,6 +35,9 @@ struct Window {
     RECT rect{}; // in the parent's client coordinates (the desktop's for
                  // top-level windows)
     std::u16string text;
+    LONG_PTR userData = 0;
+    // A dialog's slots: DWLP_MSGRESULT, DWLP_DLGPROC, DWLP_USER.
+    LONG_PTR dialogSlots[3] = {0, 0, 0};
     bool visible = false;
     bool destroying = false;
     // The update region, kept as its bounding box, and whether it asks for
@@ -61,6 +68,10 @@ public:
 
     // True when the window and all its ancestors are visible.
     bool IsShown(const Window* window) const;
+    // True when the window and all its ancestors are enabled.
+    bool IsEnabled(const Window* window) const;
+    // The top-level window a window belongs to (itself for a top-level one).
+    Window* TopLevel(Window* window) const;
     // The client origin in desktop coordinates.
     POINT ClientOrigin(const Window* window) const;
     // The client rectangle in desktop coordinates, clipped by every ancestor's
@@ -68,6 +79,14 @@ public:
     RECT VisibleClientRect(const Window* window) const;
 
     std::deque<MSG>& Queue() { return m_queue; }
+    // The window with the keyboard focus, the active top-level window and the
+    // window that captured the mouse; null when none.
+    HWND focus = nullptr;
+    HWND active = nullptr;
+    HWND capture = nullptr;
+    // Called for every new window before its first message, so the class
+    // framework can attach the object that is creating it.
+    void (*createHook)(HWND) = nullptr;
     bool quitPosted = false;
     int quitCode = 0;
 
@@ -87,6 +106,13 @@ private:
 // origin is the client's top-left corner and its output is clipped to the
 // visible client area and, when given, to clip (client coordinates).
 HDC GetClientDC(HWND hwnd, const RECT* clip);
+
+// Registers BUTTON, STATIC and the other classes of the system once.
+void RegisterSystemClasses();
+
+// Activates the owner of a window that went away, or else the topmost
+// visible enabled top-level window.
+void ActivateNext(Window* owner);
 
 // Rectangle helpers.
 bool IsEmpty(const RECT& rect);

@@ -53,13 +53,19 @@ BOOL GetClassInfo(HINSTANCE, LPCWSTR className, LPWNDCLASS wc) {
 
 HWND CreateWindowEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD style, int x, int y,
                     int cx, int cy, HWND parent, HMENU menu, HINSTANCE instance, LPVOID param) {
+    platform::user::RegisterSystemClasses();
     const platform::user::WindowClass* windowClass =
         className ? Manager().FindClass(className) : nullptr;
     if (!windowClass)
         return nullptr;
-    Window* parentWindow = parent ? Manager().Find(parent) : Manager().Desktop();
-    if (!parentWindow || ((style & WS_CHILD) && !parent))
+    Window* given = parent ? Manager().Find(parent) : Manager().Desktop();
+    if (!given || ((style & WS_CHILD) && !parent))
         return nullptr;
+    // A window that is not a child is top-level: its parent argument names its
+    // owner, which is always a top-level window.
+    bool child = (style & WS_CHILD) != 0;
+    Window* parentWindow = child ? given : Manager().Desktop();
+    Window* owner = child ? nullptr : Manager().TopLevel(given);
     if (x == CW_USEDEFAULT) {
         x = 0;
         y = 0;
@@ -70,11 +76,14 @@ HWND CreateWindowEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD 
     }
 
     Window* window = Manager().CreateWindowRecord(windowClass, parentWindow);
+    window->owner = owner;
     window->style = style & ~static_cast<DWORD>(WS_VISIBLE);
     window->exStyle = exStyle;
     window->id = (style & WS_CHILD) ? static_cast<UINT>(reinterpret_cast<uintptr_t>(menu)) : 0;
     window->rect = RECT{x, y, x + std::max(cx, 0), y + std::max(cy, 0)};
     HWND hwnd = window->handle;
+    if (Manager().createHook)
+        Manager().createHook(hwnd);
 
     CREATESTRUCT create{
         param,      instance,  menu,   parent, cy, cx, y, x, static_cast<LONG>(style),
@@ -99,7 +108,24 @@ BOOL DestroyWindow(HWND hwnd) {
         return FALSE;
     if (window->visible && window->parent)
         InvalidateRect(window->parent->handle, nullptr, TRUE);
+    // Owned windows go first, as on the original.
+    std::vector<HWND> owned;
+    for (Window* top : Manager().TopLevel())
+        if (top->owner == window)
+            owned.push_back(top->handle);
+    for (HWND h : owned)
+        DestroyWindow(h);
+    if (!Manager().Find(hwnd))
+        return TRUE;
+    HWND focus = Manager().focus;
+    bool hadFocus = focus && (focus == hwnd || IsChild(hwnd, focus));
+    bool wasActive = Manager().active == hwnd;
+    Window* owner = window->owner;
+    if (hadFocus)
+        SetFocus(nullptr);
     DestroyTree(window);
+    if (wasActive)
+        platform::user::ActivateNext(owner);
     return TRUE;
 }
 
@@ -113,8 +139,11 @@ HWND GetDesktopWindow() {
 
 HWND GetParent(HWND hwnd) {
     Window* window = Manager().Find(hwnd);
-    if (!window || !window->parent || window->parent == Manager().Desktop())
+    if (!window || !window->parent)
         return nullptr;
+    // A top-level window's parent is its owner, for pop-ups.
+    if (window->parent == Manager().Desktop())
+        return window->owner && (window->style & WS_POPUP) ? window->owner->handle : nullptr;
     return window->parent->handle;
 }
 
@@ -195,15 +224,29 @@ BOOL ShowWindow(HWND hwnd, int command) {
     bool show = command != SW_HIDE;
     if (show == window->visible)
         return wasVisible;
+    if (!show) {
+        HWND focus = Manager().focus;
+        if (focus && (focus == hwnd || IsChild(hwnd, focus)))
+            SetFocus(window->parent && window->parent != Manager().Desktop()
+                         ? window->parent->handle
+                         : nullptr);
+    }
     SendMessage(hwnd, WM_SHOWWINDOW, show ? TRUE : FALSE, 0);
     window->visible = show;
     if (show) {
         window->style |= WS_VISIBLE;
         InvalidateRect(hwnd, nullptr, TRUE);
+        // Showing a top-level window activates it, unless asked not to.
+        bool activate = command != SW_SHOWNA && command != SW_SHOWNOACTIVATE &&
+                        command != SW_SHOWMINNOACTIVE && command != SW_MINIMIZE;
+        if (activate && window->parent == Manager().Desktop() && !(window->style & WS_DISABLED))
+            SetActiveWindow(hwnd);
     } else {
         window->style &= ~static_cast<DWORD>(WS_VISIBLE);
         if (window->parent)
             InvalidateRect(window->parent->handle, &window->rect, TRUE);
+        if (Manager().active == hwnd)
+            platform::user::ActivateNext(window->owner);
     }
     return wasVisible;
 }
@@ -226,4 +269,45 @@ int GetWindowText(HWND hwnd, LPWSTR buffer, int maxCount) {
 
 BOOL SetWindowText(HWND hwnd, LPCWSTR text) {
     return static_cast<BOOL>(SendMessage(hwnd, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)));
+}
+
+BOOL SetWindowPos(HWND hwnd, HWND insertAfter, int x, int y, int cx, int cy, UINT flags) {
+    Window* window = Manager().Find(hwnd);
+    if (!window || window == Manager().Desktop())
+        return FALSE;
+    if (!(flags & SWP_NOZORDER) && window->parent) {
+        auto& siblings = window->parent->children;
+        siblings.erase(std::find(siblings.begin(), siblings.end(), window));
+        auto at = siblings.begin();
+        if (insertAfter == HWND_BOTTOM) {
+            at = siblings.end();
+        } else if (insertAfter != HWND_TOP && insertAfter != HWND_TOPMOST &&
+                   insertAfter != HWND_NOTOPMOST) {
+            Window* after = Manager().Find(insertAfter);
+            auto it = std::find(siblings.begin(), siblings.end(), after);
+            at = it == siblings.end() ? siblings.begin() : it + 1;
+        }
+        siblings.insert(at, window);
+        if (window->visible)
+            InvalidateRect(hwnd, nullptr, TRUE);
+    }
+    if ((flags & (SWP_NOMOVE | SWP_NOSIZE)) != (SWP_NOMOVE | SWP_NOSIZE)) {
+        if (flags & SWP_NOMOVE) {
+            x = window->rect.left;
+            y = window->rect.top;
+        }
+        if (flags & SWP_NOSIZE) {
+            cx = window->Width();
+            cy = window->Height();
+        }
+        MoveWindow(hwnd, x, y, cx, cy, (flags & SWP_NOREDRAW) ? FALSE : TRUE);
+    }
+    if (flags & SWP_SHOWWINDOW)
+        ShowWindow(hwnd, (flags & SWP_NOACTIVATE) ? SW_SHOWNA : SW_SHOW);
+    else if (flags & SWP_HIDEWINDOW)
+        ShowWindow(hwnd, SW_HIDE);
+    else if (!(flags & SWP_NOACTIVATE) && !(flags & SWP_NOZORDER) &&
+             window->parent == Manager().Desktop() && window->visible)
+        SetActiveWindow(hwnd);
+    return TRUE;
 }

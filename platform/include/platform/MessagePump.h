@@ -18,4 +18,8 @@ int PumpMessages();
 // act as the user and returns true when it did something. Null removes it.
 void SetIdleHandler(std::function<bool()> handler);
 
+// What a waiting message loop does: runs the simulated user's next action,
+// else the idle handler. False when neither had anything to do.
+bool RunIdle();
+
 } // namespace platform

@@ -1,0 +1,56 @@
+// Command targets, message map look-up and the command user-interface state.
+#include <afxwin.h>
+
+const AFX_MSGMAP* CCmdTarget::GetThisMessageMap() {
+    static const AFX_MSGMAP_ENTRY entries[] = {{0, 0, 0, 0, nullptr}};
+    static const AFX_MSGMAP map = {nullptr, &entries[0]};
+    return &map;
+}
+
+const AFX_MSGMAP* CCmdTarget::GetMessageMap() const {
+    return GetThisMessageMap();
+}
+
+const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP* map, UINT message, UINT code,
+                                            UINT id) {
+    for (; map; map = map->pfnGetBaseMap ? map->pfnGetBaseMap() : nullptr)
+        for (const AFX_MSGMAP_ENTRY* entry = map->lpEntries; entry->pfn; ++entry)
+            if (entry->nMessage == message && entry->nCode == code && entry->nID <= id &&
+                id <= entry->nLastID)
+                return entry;
+    return nullptr;
+}
+
+BOOL CCmdTarget::OnCmdMsg(UINT nID, int nCode, void* extra, void* handlerInfo) {
+    const AFX_MSGMAP_ENTRY* entry =
+        AfxFindMessageEntry(GetMessageMap(), WM_COMMAND, static_cast<UINT>(nCode), nID);
+    if (!entry)
+        return FALSE;
+    if (handlerInfo)
+        return TRUE;
+    entry->pfn(this, nID, reinterpret_cast<LPARAM>(extra));
+    return TRUE;
+}
+
+void CCmdUI::Enable(BOOL on) {
+    m_bEnabled = on ? TRUE : FALSE;
+    m_bEnableChanged = TRUE;
+}
+
+void CCmdUI::SetCheck(int check) {
+    m_nCheck = check;
+}
+
+void CCmdUI::SetText(LPCTSTR) {}
+
+BOOL CCmdUI::DoUpdate(CCmdTarget* target, BOOL disableIfNoHandler) {
+    if (!target)
+        return FALSE;
+    m_bEnableChanged = FALSE;
+    BOOL handled = target->OnCmdMsg(m_nID, static_cast<int>(CN_UPDATE_COMMAND_UI), this, nullptr);
+    if (!handled && disableIfNoHandler && !m_bEnableChanged) {
+        char info = 0;
+        Enable(target->OnCmdMsg(m_nID, CN_COMMAND, this, &info));
+    }
+    return handled;
+}

@@ -1,0 +1,47 @@
+// The simulated user. A test or a demo queues what the user does; each action
+// runs when the program waits for input (a modal loop or GetMessage has
+// nothing left to do), one action per wait, and arrives as the messages the
+// original sends (mouse button and key messages), so the controls' own logic
+// runs. A modal loop that waits with no action left is cancelled as a user
+// would cancel it, and the cancel is recorded.
+#pragma once
+
+#include "../windef.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace platform::automation {
+
+// A left click in the middle of the control with this id in the active
+// window (searched through its descendants). A control that is hidden or
+// disabled cannot be clicked: the attempt is recorded and nothing happens.
+void Click(UINT id);
+// A left click at a point of a window's client area.
+void ClickAt(HWND hwnd, POINT client);
+// Types text into the focused window, one key press per character.
+void Type(const std::u16string& text);
+// One key press (down and up), with Shift or Ctrl held if asked.
+void Key(UINT vk, bool shift = false, bool control = false);
+// Clicks the check box if its state differs from checked.
+void SetCheck(UINT id, bool checked);
+// Clicks the message box's button that returns result (IDOK, IDYES, ...).
+void AnswerMessageBox(int result);
+// Any other step, run in turn: read what is shown, save a picture.
+void Do(std::function<void()> step);
+
+// Runs the next queued action; false when none is left.
+bool RunNext();
+std::size_t Pending();
+// Drops the queued actions and the record.
+void Reset();
+
+// What happened, in order: each action run, each click that could not be
+// made, and each modal loop cancelled because no action was left.
+const std::vector<std::string>& Record();
+int CancelsForWantOfActions();
+// Notes a modal loop that was cancelled because no action was left.
+void NoteCancelled(HWND modal);
+
+} // namespace platform::automation

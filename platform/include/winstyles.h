@@ -1,0 +1,77 @@
+// Window, dialog, button and static styles, button messages and states.
+// Included from winwindows.h.
+#pragma once
+
+#include "windef.h"
+
+#ifndef WS_TABSTOP
+#define WS_TABSTOP 0x00010000L
+#endif
+#ifndef WS_GROUP
+#define WS_GROUP 0x00020000L
+#endif
+#ifndef WS_DLGFRAME
+#define WS_DLGFRAME 0x00400000L
+#endif
+#ifndef DS_SETFONT
+#define DS_SETFONT 0x40L
+#endif
+#ifndef DS_MODALFRAME
+#define DS_MODALFRAME 0x80L
+#endif
+#ifndef DS_NOIDLEMSG
+#define DS_NOIDLEMSG 0x100L
+#endif
+#ifndef DS_CENTER
+#define DS_CENTER 0x0800L
+#endif
+#ifndef BS_DEFPUSHBUTTON
+#define BS_PUSHBUTTON 0x00000000L
+#define BS_DEFPUSHBUTTON 0x00000001L
+#define BS_CHECKBOX 0x00000002L
+#define BS_AUTOCHECKBOX 0x00000003L
+#define BS_RADIOBUTTON 0x00000004L
+#define BS_3STATE 0x00000005L
+#define BS_AUTO3STATE 0x00000006L
+#define BS_GROUPBOX 0x00000007L
+#define BS_AUTORADIOBUTTON 0x00000009L
+#define BS_OWNERDRAW 0x0000000BL
+#define BS_TYPEMASK 0x0000000FL
+#endif
+#ifndef BM_SETSTYLE
+#define BM_GETCHECK 0x00F0
+#define BM_SETCHECK 0x00F1
+#define BM_GETSTATE 0x00F2
+#define BM_SETSTATE 0x00F3
+#define BM_SETSTYLE 0x00F4
+#define BM_CLICK 0x00F5
+#endif
+#ifndef EM_SETSEL
+#define EM_GETSEL 0x00B0
+#define EM_SETSEL 0x00B1
+#endif
+#ifndef BST_CHECKED
+#define BST_UNCHECKED 0x0000
+#define BST_CHECKED 0x0001
+#define BST_INDETERMINATE 0x0002
+#define BST_PUSHED 0x0004
+#define BST_FOCUS 0x0008
+#endif
+#ifndef SS_LEFT
+#define SS_LEFT 0x00000000L
+#define SS_CENTER 0x00000001L
+#define SS_RIGHT 0x00000002L
+#define SS_ICON 0x00000003L
+#define SS_BLACKRECT 0x00000004L
+#define SS_GRAYRECT 0x00000005L
+#define SS_WHITERECT 0x00000006L
+#define SS_BLACKFRAME 0x00000007L
+#define SS_GRAYFRAME 0x00000008L
+#define SS_WHITEFRAME 0x00000009L
+#define SS_SIMPLE 0x0000000BL
+#define SS_LEFTNOWORDWRAP 0x0000000CL
+#define SS_ETCHEDHORZ 0x00000010L
+#define SS_TYPEMASK 0x0000001FL
+#define SS_NOPREFIX 0x00000080L
+#define SS_SUNKEN 0x00001000L
+#endif

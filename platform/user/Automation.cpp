@@ -1,0 +1,214 @@
+// The simulated user: a queue of actions run one per wait of the program.
+#include "Keyboard.h"
+#include "WindowManager.h"
+
+#include <platform/Automation.h>
+
+#include <deque>
+
+namespace platform::automation {
+
+namespace {
+
+struct State {
+    std::deque<std::function<void()>> actions;
+    std::vector<std::string> record;
+    int cancels = 0;
+};
+
+State& Current() {
+    static auto* state = new State();
+    return *state;
+}
+
+std::string Narrow(const std::u16string& text) {
+    std::string out;
+    for (char16_t ch : text)
+        out += ch < 0x80 ? static_cast<char>(ch) : '?';
+    return out;
+}
+
+std::string Describe(HWND hwnd) {
+    if (!hwnd)
+        return "no window";
+    std::u16string text(static_cast<std::size_t>(GetWindowTextLength(hwnd)), u'\0');
+    if (!text.empty())
+        GetWindowText(hwnd, text.data(), static_cast<int>(text.size()) + 1);
+    return "'" + Narrow(text) + "'";
+}
+
+// The window with the id, searched depth first under root.
+HWND FindControl(HWND root, UINT id) {
+    for (HWND child = GetWindow(root, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (static_cast<UINT>(GetDlgCtrlID(child)) == id)
+            return child;
+        if (HWND found = FindControl(child, id))
+            return found;
+    }
+    return nullptr;
+}
+
+void Note(std::string what) {
+    Current().record.push_back(std::move(what));
+}
+
+void PostClick(HWND hwnd, POINT point) {
+    LPARAM where = MAKELPARAM(point.x, point.y);
+    PostMessage(hwnd, WM_LBUTTONDOWN, MK_LBUTTON, where);
+    PostMessage(hwnd, WM_LBUTTONUP, 0, where);
+}
+
+void PostKey(UINT vk, WCHAR ch) {
+    HWND target = GetFocus();
+    if (!target)
+        target = GetActiveWindow();
+    if (!target)
+        return;
+    PostMessage(target, WM_KEYDOWN, vk, platform::user::KeyDownParam(vk, ch));
+    PostMessage(target, WM_KEYUP, vk, platform::user::KeyUpParam(vk, ch));
+}
+
+// The key and its modifiers, as the keyboard sends them: modifier down, key
+// down and up, modifier up. The messages go to whatever has the focus when
+// the action runs.
+void PressKey(UINT vk, WCHAR ch, bool shift, bool control) {
+    HWND target = GetFocus();
+    if (!target)
+        target = GetActiveWindow();
+    if (!target)
+        return;
+    if (control)
+        PostMessage(target, WM_KEYDOWN, VK_CONTROL, 1);
+    if (shift)
+        PostMessage(target, WM_KEYDOWN, VK_SHIFT, 1);
+    PostKey(vk, ch);
+    if (shift)
+        PostMessage(target, WM_KEYUP, VK_SHIFT, static_cast<LPARAM>(0xC0000001u));
+    if (control)
+        PostMessage(target, WM_KEYUP, VK_CONTROL, static_cast<LPARAM>(0xC0000001u));
+}
+
+void Queue(std::function<void()> action) {
+    Current().actions.push_back(std::move(action));
+}
+
+} // namespace
+
+void Click(UINT id) {
+    Queue([id] {
+        HWND active = GetActiveWindow();
+        HWND control = active ? FindControl(active, id) : nullptr;
+        if (!control) {
+            Note("click " + std::to_string(id) + ": no such control in " + Describe(active));
+            return;
+        }
+        if (!IsWindowVisible(control) || !IsWindowEnabled(control)) {
+            Note("click " + std::to_string(id) + ": control " + Describe(control) +
+                 " cannot be clicked");
+            return;
+        }
+        RECT client;
+        GetClientRect(control, &client);
+        Note("click " + std::to_string(id) + " " + Describe(control));
+        PostClick(control, POINT{client.right / 2, client.bottom / 2});
+    });
+}
+
+void ClickAt(HWND hwnd, POINT client) {
+    Queue([hwnd, client] {
+        if (!IsWindow(hwnd) || !IsWindowVisible(hwnd) || !IsWindowEnabled(hwnd)) {
+            Note("click at a window that cannot be clicked");
+            return;
+        }
+        Note("click at " + std::to_string(client.x) + "," + std::to_string(client.y) + " in " +
+             Describe(hwnd));
+        PostClick(hwnd, client);
+    });
+}
+
+void Type(const std::u16string& text) {
+    for (char16_t ch : text)
+        Queue([ch] {
+            platform::user::KeyStroke stroke = platform::user::StrokeFor(ch);
+            PressKey(stroke.vk, ch, stroke.shift, false);
+        });
+    Queue([text] { Note("typed '" + Narrow(text) + "'"); });
+}
+
+void Key(UINT vk, bool shift, bool control) {
+    Queue([vk, shift, control] {
+        Note("key " + std::to_string(vk));
+        PressKey(vk, 0, shift, control);
+    });
+}
+
+void SetCheck(UINT id, bool checked) {
+    Queue([id, checked] {
+        HWND active = GetActiveWindow();
+        HWND box = active ? FindControl(active, id) : nullptr;
+        if (!box) {
+            Note("check " + std::to_string(id) + ": no such control");
+            return;
+        }
+        bool isChecked = SendMessage(box, BM_GETCHECK, 0, 0) == 1;
+        if (isChecked == checked)
+            return;
+        // The click runs as the next action, so it sees the box as it is then.
+        Current().actions.push_front([id] {
+            HWND active = GetActiveWindow();
+            HWND box = active ? FindControl(active, id) : nullptr;
+            if (!box || !IsWindowEnabled(box) || !IsWindowVisible(box)) {
+                Note("check " + std::to_string(id) + ": cannot be clicked");
+                return;
+            }
+            RECT client;
+            GetClientRect(box, &client);
+            Note("click " + std::to_string(id) + " " + Describe(box));
+            PostClick(box, POINT{client.right / 2, client.bottom / 2});
+        });
+    });
+}
+
+void AnswerMessageBox(int result) {
+    Click(static_cast<UINT>(result));
+}
+
+void Do(std::function<void()> step) {
+    Queue(std::move(step));
+}
+
+bool RunNext() {
+    State& state = Current();
+    if (state.actions.empty())
+        return false;
+    std::function<void()> action = std::move(state.actions.front());
+    state.actions.pop_front();
+    action();
+    return true;
+}
+
+std::size_t Pending() {
+    return Current().actions.size();
+}
+
+void Reset() {
+    State& state = Current();
+    state.actions.clear();
+    state.record.clear();
+    state.cancels = 0;
+}
+
+const std::vector<std::string>& Record() {
+    return Current().record;
+}
+
+int CancelsForWantOfActions() {
+    return Current().cancels;
+}
+
+void NoteCancelled(HWND modal) {
+    ++Current().cancels;
+    Note("no action left: cancelled " + Describe(modal));
+}
+
+} // namespace platform::automation

@@ -1,0 +1,137 @@
+// The dialog manager's keyboard interface: Tab and the arrow keys move the
+// focus, Enter presses the default button and Escape the Cancel button.
+#include "DialogManager.h"
+#include "WindowManager.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+// The control's own state: a dialog that is still hidden has tab stops too.
+bool CanTakeFocus(HWND control) {
+    auto style = static_cast<DWORD>(GetWindowLongPtr(control, GWL_STYLE));
+    return (style & WS_VISIBLE) && !(style & WS_DISABLED);
+}
+
+DWORD Style(HWND hwnd) {
+    return static_cast<DWORD>(GetWindowLongPtr(hwnd, GWL_STYLE));
+}
+
+// The dialog's direct child that contains control.
+HWND DirectChild(HWND dialog, HWND control) {
+    while (control && GetParent(control) != dialog)
+        control = GetParent(control);
+    return control;
+}
+
+LRESULT DialogCode(HWND control, const MSG* msg) {
+    return SendMessage(control, WM_GETDLGCODE, msg ? msg->wParam : 0,
+                       reinterpret_cast<LPARAM>(msg));
+}
+
+void PressButton(HWND dialog, int id) {
+    HWND button = GetDlgItem(dialog, id);
+    if (button && !IsWindowEnabled(button))
+        return;
+    SendMessage(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(button));
+}
+
+} // namespace
+
+HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous) {
+    if (!IsWindow(dialog))
+        return nullptr;
+    std::vector<HWND> stops;
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        if ((Style(child) & WS_TABSTOP) && CanTakeFocus(child))
+            stops.push_back(child);
+    if (stops.empty())
+        return nullptr;
+    control = DirectChild(dialog, control);
+    auto it = std::find(stops.begin(), stops.end(), control);
+    if (it == stops.end())
+        return previous ? stops.back() : stops.front();
+    if (previous)
+        return it == stops.begin() ? stops.back() : *(it - 1);
+    return it + 1 == stops.end() ? stops.front() : *(it + 1);
+}
+
+HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous) {
+    control = DirectChild(dialog, control);
+    if (!control)
+        return nullptr;
+    // The group runs from a control with WS_GROUP up to the next one.
+    std::vector<HWND> all;
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        all.push_back(child);
+    auto at = std::find(all.begin(), all.end(), control);
+    auto first = at;
+    while (first != all.begin() && !(Style(*first) & WS_GROUP))
+        --first;
+    auto last = at + 1;
+    while (last != all.end() && !(Style(*last) & WS_GROUP))
+        ++last;
+    std::vector<HWND> group;
+    for (auto it = first; it != last; ++it)
+        if (*it == control || CanTakeFocus(*it))
+            group.push_back(*it);
+    auto it = std::find(group.begin(), group.end(), control);
+    if (previous)
+        return it == group.begin() ? group.back() : *(it - 1);
+    return it + 1 == group.end() ? group.front() : *(it + 1);
+}
+
+BOOL IsDialogMessage(HWND dialog, LPMSG msg) {
+    if (!msg || !IsWindow(dialog) || (msg->hwnd != dialog && !IsChild(dialog, msg->hwnd)))
+        return FALSE;
+    if (msg->message == WM_KEYDOWN) {
+        HWND focus = msg->hwnd;
+        LRESULT code = DialogCode(focus, msg);
+        if (!(code & DLGC_WANTMESSAGE)) {
+            switch (msg->wParam) {
+            case VK_TAB:
+                if (code & DLGC_WANTTAB)
+                    break;
+                if (HWND next = GetNextDlgTabItem(dialog, focus, GetKeyState(VK_SHIFT) < 0))
+                    platform::user::FocusDialogControl(dialog, next, true);
+                return TRUE;
+            case VK_RETURN: {
+                int id = IDOK;
+                if (DialogCode(focus, nullptr) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) {
+                    id = GetDlgCtrlID(focus);
+                } else {
+                    LRESULT def = SendMessage(dialog, DM_GETDEFID, 0, 0);
+                    if (HIWORD(def) == DC_HASDEFID)
+                        id = LOWORD(def);
+                }
+                PressButton(dialog, id);
+                return TRUE;
+            }
+            case VK_ESCAPE:
+                PressButton(dialog, IDCANCEL);
+                return TRUE;
+            case VK_LEFT:
+            case VK_UP:
+            case VK_RIGHT:
+            case VK_DOWN: {
+                if (code & DLGC_WANTARROWS)
+                    break;
+                bool back = msg->wParam == VK_LEFT || msg->wParam == VK_UP;
+                HWND next = GetNextDlgGroupItem(dialog, focus, back ? TRUE : FALSE);
+                if (next && next != DirectChild(dialog, focus)) {
+                    platform::user::FocusDialogControl(dialog, next, true);
+                    if (DialogCode(next, nullptr) & DLGC_RADIOBUTTON)
+                        SendMessage(next, BM_CLICK, 0, 0);
+                }
+                return TRUE;
+            }
+            default:
+                break;
+            }
+        }
+    }
+    TranslateMessage(msg);
+    DispatchMessage(msg);
+    return TRUE;
+}

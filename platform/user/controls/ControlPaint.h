@@ -1,0 +1,35 @@
+// Drawing helpers shared by the standard controls: flat fills and frames in
+// the system's colours, the dotted focus frame, and the control's font.
+#pragma once
+
+#include <windows.h>
+
+#include <wingdi.h>
+
+namespace platform::user {
+
+void FillSolid(HDC hdc, const RECT& rect, COLORREF color);
+// A one-pixel frame inside rect.
+void FrameSolid(HDC hdc, const RECT& rect, COLORREF color);
+// The keyboard focus frame: every other pixel of a one-pixel frame.
+void DottedFrame(HDC hdc, const RECT& rect, COLORREF color);
+
+// Selects a control's font (the system font when it has none) for the
+// lifetime of the object.
+class FontScope {
+public:
+    FontScope(HDC hdc, HFONT font);
+    ~FontScope();
+    FontScope(const FontScope&) = delete;
+    FontScope& operator=(const FontScope&) = delete;
+
+private:
+    HDC m_hdc;
+    HGDIOBJ m_old;
+};
+
+// The brush the parent gives for a control's background (WM_CTLCOLOR...),
+// or the button face.
+HBRUSH ControlBackground(HWND control, HDC hdc, UINT ctlColorMessage);
+
+} // namespace platform::user

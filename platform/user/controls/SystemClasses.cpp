@@ -1,0 +1,19 @@
+// The window classes the system provides: registered once, before the first
+// window is created.
+#include "../WindowManager.h"
+
+namespace platform::user {
+
+void RegisterButtonClass();
+void RegisterStaticClass();
+
+void RegisterSystemClasses() {
+    static bool registered = false;
+    if (registered)
+        return;
+    registered = true;
+    RegisterButtonClass();
+    RegisterStaticClass();
+}
+
+} // namespace platform::user
