@@ -336,3 +336,15 @@ CString operator+(LPCWSTR a, const CString& b) {
     r += b;
     return r;
 }
+
+CString operator+(const CString& a, WCHAR b) {
+    CString r(a);
+    r += b;
+    return r;
+}
+
+CString operator+(WCHAR a, const CString& b) {
+    CString r(a);
+    r += b;
+    return r;
+}

@@ -76,6 +76,10 @@ public:
     friend CString operator+(const CString& a, const CString& b);
     friend CString operator+(const CString& a, LPCWSTR b);
     friend CString operator+(LPCWSTR a, const CString& b);
+    // Without these, text + ch would compile as pointer arithmetic through the
+    // conversion to LPCWSTR.
+    friend CString operator+(const CString& a, WCHAR b);
+    friend CString operator+(WCHAR a, const CString& b);
 
     friend bool operator==(const CString& a, const CString& b) { return a.m_str == b.m_str; }
     friend bool operator==(const CString& a, LPCWSTR b) { return a.Compare(b) == 0; }

@@ -124,6 +124,9 @@ TEST(CString, ConcatenationAndOrdinalComparison) {
     EXPECT_EQ(a + CString(u"c"), CString(u"abc"));
     EXPECT_EQ(a + u"cd", CString(u"abcd"));
     EXPECT_EQ(u"x" + a, CString(u"xab"));
+    // A character joins as text, not as an offset into the string.
+    EXPECT_EQ(a + u'c', CString(u"abc"));
+    EXPECT_EQ(u'c' + a, CString(u"cab"));
     CString s;
     s += a;
     s += u'!';

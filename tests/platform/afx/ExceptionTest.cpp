@@ -71,20 +71,16 @@ TEST(Exception, GetErrorMessageCutsToTheBufferAndTerminates) {
     const CString whole = e.GetErrorText();
     WCHAR buffer[8];
     std::fill(std::begin(buffer), std::end(buffer), u'#');
-    UINT help = 77;
-    ASSERT_TRUE(e.GetErrorMessage(buffer, 6, &help));
+    ASSERT_TRUE(e.GetErrorMessage(buffer, 6));
     EXPECT_EQ(CString(buffer), whole.Left(5));
     EXPECT_EQ(buffer[6], u'#'); // nothing written past the given size
-    EXPECT_EQ(help, 0u);
 
     // A one-character buffer holds only the terminator.
     ASSERT_TRUE(e.GetErrorMessage(buffer, 1));
     EXPECT_EQ(buffer[0], u'\0');
 
     // No room or no buffer: nothing to copy into.
-    help = 77;
-    EXPECT_FALSE(e.GetErrorMessage(buffer, 0, &help));
-    EXPECT_EQ(help, 0u);
+    EXPECT_FALSE(e.GetErrorMessage(buffer, 0));
     EXPECT_FALSE(e.GetErrorMessage(nullptr, 8));
 
     // A buffer larger than the text receives all of it.
