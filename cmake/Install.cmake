@@ -17,3 +17,9 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/WinConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/WinConfig.cmake ${PROJECT_BINARY_DIR}/WinConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Win)
+
+# The same package for hosts that build without CMake: pkg-config --cflags --libs win.
+file(RELATIVE_PATH WIN_PC_TO_PREFIX /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
+string(REGEX REPLACE "/$" "" WIN_PC_TO_PREFIX "${WIN_PC_TO_PREFIX}")
+configure_file(${PROJECT_SOURCE_DIR}/cmake/win.pc.in ${PROJECT_BINARY_DIR}/win.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/win.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

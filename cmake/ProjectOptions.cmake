@@ -6,6 +6,11 @@ if(WIN_SANITIZE)
         -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
     target_link_options(win_project_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(WIN_COVERAGE)
+    # Unoptimised so every source line maps to the code that ran it.
+    target_compile_options(win_project_options INTERFACE --coverage -O0)
+    target_link_options(win_project_options INTERFACE --coverage)
+endif()
 if(WIN_BUILD_FUZZ)
     # Coverage for the libraries too, so the fuzzer is guided through them.
     target_compile_options(win_project_options INTERFACE -fsanitize=fuzzer-no-link)

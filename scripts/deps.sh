@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build, the tests, the demo and the benchmarks
-# need; does nothing for packages already present.
+# need; does nothing for packages already present. WIN_BENCH_PEERS=1 adds the
+# peer libraries of the benchmark comparisons, WIN_COVERAGE=1 the coverage report tool.
 set -euo pipefail
 packages=(
     build-essential cmake ninja-build pkg-config clang libclang-rt-14-dev
@@ -11,6 +12,9 @@ packages=(
 )
 if [ "${WIN_BENCH_PEERS:-0}" = 1 ]; then
     packages+=(libvterm-dev libtsm-dev)
+fi
+if [ "${WIN_COVERAGE:-0}" = 1 ]; then
+    packages+=(gcovr)
 fi
 missing=()
 for p in "${packages[@]}"; do

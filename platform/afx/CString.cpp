@@ -16,10 +16,6 @@ std::size_t Clamp(int value, std::size_t limit) {
     return static_cast<std::size_t>(value) < limit ? static_cast<std::size_t>(value) : limit;
 }
 
-bool IsSpace(WCHAR ch) {
-    return ch == u' ' || (ch >= u'\t' && ch <= u'\r');
-}
-
 WCHAR FoldLower(WCHAR ch) {
     return (ch >= u'A' && ch <= u'Z') ? static_cast<WCHAR>(ch + 32) : ch;
 }
@@ -219,11 +215,6 @@ CString& CString::operator=(LPCWSTR text) {
     return *this;
 }
 
-CString& CString::operator=(WCHAR ch) {
-    m_str.assign(1, ch);
-    return *this;
-}
-
 LPWSTR CString::GetBuffer(int minLength) {
     if (minLength > GetLength())
         m_str.resize(static_cast<std::size_t>(minLength));
@@ -293,11 +284,6 @@ int CString::ReverseFind(WCHAR ch) const {
     return pos == std::u16string::npos ? -1 : static_cast<int>(pos);
 }
 
-int CString::FindOneOf(LPCWSTR chars) const {
-    auto pos = m_str.find_first_of(View(chars));
-    return pos == std::u16string::npos ? -1 : static_cast<int>(pos);
-}
-
 int CString::Replace(WCHAR oldCh, WCHAR newCh) {
     int count = 0;
     for (auto& c : m_str)
@@ -306,121 +292,6 @@ int CString::Replace(WCHAR oldCh, WCHAR newCh) {
             ++count;
         }
     return count;
-}
-
-int CString::Replace(LPCWSTR oldText, LPCWSTR newText) {
-    std::u16string_view from = View(oldText), to = View(newText);
-    if (from.empty())
-        return 0;
-    int count = 0;
-    std::u16string result;
-    std::size_t pos = 0;
-    for (;;) {
-        std::size_t hit = m_str.find(from, pos);
-        if (hit == std::u16string::npos)
-            break;
-        result.append(m_str, pos, hit - pos);
-        result.append(to);
-        pos = hit + from.size();
-        ++count;
-    }
-    if (count) {
-        result.append(m_str, pos);
-        m_str.swap(result);
-    }
-    return count;
-}
-
-int CString::Remove(WCHAR ch) {
-    std::size_t before = m_str.size();
-    std::erase(m_str, ch);
-    return static_cast<int>(before - m_str.size());
-}
-
-int CString::Insert(int index, WCHAR ch) {
-    m_str.insert(Clamp(index, m_str.size()), 1, ch);
-    return GetLength();
-}
-
-int CString::Insert(int index, LPCWSTR text) {
-    m_str.insert(Clamp(index, m_str.size()), View(text));
-    return GetLength();
-}
-
-int CString::Delete(int index, int count) {
-    std::size_t start = Clamp(index, m_str.size());
-    m_str.erase(start, Clamp(count, m_str.size() - start));
-    return GetLength();
-}
-
-CString& CString::MakeUpper() {
-    for (auto& c : m_str)
-        if (c >= u'a' && c <= u'z')
-            c = static_cast<WCHAR>(c - 32);
-    return *this;
-}
-
-CString& CString::MakeLower() {
-    for (auto& c : m_str)
-        c = FoldLower(c);
-    return *this;
-}
-
-CString& CString::MakeReverse() {
-    std::reverse(m_str.begin(), m_str.end());
-    return *this;
-}
-
-CString& CString::Trim() {
-    return TrimRight().TrimLeft();
-}
-
-CString& CString::TrimLeft() {
-    std::size_t i = 0;
-    while (i < m_str.size() && IsSpace(m_str[i]))
-        ++i;
-    m_str.erase(0, i);
-    return *this;
-}
-
-CString& CString::TrimRight() {
-    while (!m_str.empty() && IsSpace(m_str.back()))
-        m_str.pop_back();
-    return *this;
-}
-
-CString& CString::Trim(WCHAR ch) {
-    return TrimRight(ch).TrimLeft(ch);
-}
-
-CString& CString::TrimLeft(WCHAR ch) {
-    std::size_t i = 0;
-    while (i < m_str.size() && m_str[i] == ch)
-        ++i;
-    m_str.erase(0, i);
-    return *this;
-}
-
-CString& CString::TrimRight(WCHAR ch) {
-    while (!m_str.empty() && m_str.back() == ch)
-        m_str.pop_back();
-    return *this;
-}
-
-CString& CString::Trim(LPCWSTR chars) {
-    return TrimRight(chars).TrimLeft(chars);
-}
-
-CString& CString::TrimLeft(LPCWSTR chars) {
-    auto pos = m_str.find_first_not_of(View(chars));
-    m_str.erase(0, pos == std::u16string::npos ? m_str.size() : pos);
-    return *this;
-}
-
-CString& CString::TrimRight(LPCWSTR chars) {
-    auto pos = m_str.find_last_not_of(View(chars));
-    m_str.erase(pos == std::u16string::npos ? 0 : pos + 1);
-    return *this;
 }
 
 int CString::Compare(LPCWSTR other) const {
@@ -446,13 +317,6 @@ void CString::Format(LPCWSTR format, ...) {
     FormatInto(out, format, args);
     va_end(args);
     m_str.swap(out);
-}
-
-void CString::AppendFormat(LPCWSTR format, ...) {
-    va_list args;
-    va_start(args, format);
-    FormatInto(m_str, format, args);
-    va_end(args);
 }
 
 CString operator+(const CString& a, const CString& b) {

@@ -65,9 +65,11 @@ void DDX_Text(CDataExchange* dx, int id, int& value) {
     }
     CString text;
     CWnd::FromHandle(control)->GetWindowText(text);
-    text.Trim();
-    // An optional sign and digits, nothing else.
+    // Blanks, an optional sign and digits, then blanks and nothing else.
+    auto blank = [](WCHAR ch) { return ch == u' ' || ch == u'\t'; };
     const WCHAR* p = text.GetString();
+    while (blank(*p))
+        ++p;
     bool negative = *p == u'-';
     if (*p == u'-' || *p == u'+')
         ++p;
@@ -81,6 +83,8 @@ void DDX_Text(CDataExchange* dx, int id, int& value) {
     }
     if (negative)
         number = -number;
+    while (blank(*p))
+        ++p;
     if (!digits || *p || number > 2147483647LL || number < -2147483648LL) {
         AfxMessageBox(u"Please enter an integer.", MB_ICONEXCLAMATION);
         dx->Fail();

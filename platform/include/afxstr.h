@@ -21,7 +21,6 @@ public:
     CString& operator=(const CString&) = default;
     CString& operator=(CString&&) noexcept = default;
     CString& operator=(LPCWSTR text);
-    CString& operator=(WCHAR ch);
 
     int GetLength() const { return static_cast<int>(m_str.size()); }
     bool IsEmpty() const { return m_str.empty(); }
@@ -63,40 +62,22 @@ public:
     int Find(WCHAR ch, int start = 0) const;
     int Find(LPCWSTR sub, int start = 0) const;
     int ReverseFind(WCHAR ch) const;
-    int FindOneOf(LPCWSTR chars) const;
     int Replace(WCHAR oldCh, WCHAR newCh);
-    int Replace(LPCWSTR oldText, LPCWSTR newText);
-    int Remove(WCHAR ch);
-    int Insert(int index, WCHAR ch);
-    int Insert(int index, LPCWSTR text);
-    int Delete(int index, int count = 1);
 
-    // Case mapping folds A to Z only, as the runtime does in the "C" locale.
-    CString& MakeUpper();
-    CString& MakeLower();
-    CString& MakeReverse();
-    CString& Trim();
-    CString& TrimLeft();
-    CString& TrimRight();
-    CString& Trim(WCHAR ch);
-    CString& TrimLeft(WCHAR ch);
-    CString& TrimRight(WCHAR ch);
-    CString& Trim(LPCWSTR chars);
-    CString& TrimLeft(LPCWSTR chars);
-    CString& TrimRight(LPCWSTR chars);
-
-    // Ordinal comparisons: negative, zero or positive.
+    // Ordinal comparisons: negative, zero or positive. Ignoring case folds A to Z
+    // only, as the runtime does in the "C" locale.
     int Compare(LPCWSTR other) const;
     int CompareNoCase(LPCWSTR other) const;
 
     // printf-style formatting: %s and %c take UTF-16 text and characters, %S
     // and %hs narrow text; the numeric conversions follow the C runtime.
     void Format(LPCWSTR format, ...);
-    void AppendFormat(LPCWSTR format, ...);
 
     friend CString operator+(const CString& a, const CString& b);
     friend CString operator+(const CString& a, LPCWSTR b);
     friend CString operator+(LPCWSTR a, const CString& b);
+    // Without these, text + ch would compile as pointer arithmetic through the
+    // conversion to LPCWSTR.
     friend CString operator+(const CString& a, WCHAR b);
     friend CString operator+(WCHAR a, const CString& b);
 

@@ -19,13 +19,8 @@ public:
     std::time_t GetTime() const { return m_time; }
     // The local broken-down time, into tm (which is returned).
     struct tm* GetLocalTm(struct tm* tm) const;
-    int GetYear() const;
-    int GetMonth() const;
-    int GetDay() const;
     int GetHour() const;
     int GetMinute() const;
-    int GetSecond() const;
-    int GetDayOfWeek() const;
 
     // The local time through wcsftime; empty when it fails or needs 128
     // characters or more.

@@ -63,26 +63,11 @@ struct tm Local(std::time_t t) {
 }
 } // namespace
 
-int CTime::GetYear() const {
-    return Local(m_time).tm_year + 1900;
-}
-int CTime::GetMonth() const {
-    return Local(m_time).tm_mon + 1;
-}
-int CTime::GetDay() const {
-    return Local(m_time).tm_mday;
-}
 int CTime::GetHour() const {
     return Local(m_time).tm_hour;
 }
 int CTime::GetMinute() const {
     return Local(m_time).tm_min;
-}
-int CTime::GetSecond() const {
-    return Local(m_time).tm_sec;
-}
-int CTime::GetDayOfWeek() const {
-    return Local(m_time).tm_wday + 1;
 }
 
 CString CTime::Format(LPCTSTR format) const {

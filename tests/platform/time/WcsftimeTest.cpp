@@ -107,7 +107,7 @@ TEST(Utils, ExportDefaults) {
     // The date text must be usable in a file name.
     const CString date =
         CTime(2024, 12, 31, 10, 0, 0).Format(Utils::GetDefaultDateFormatSpecifier());
-    EXPECT_EQ(date.FindOneOf(u"/\\:*?\"<>| "), -1);
+    EXPECT_EQ(date.Str().find_first_of(u"/\\:*?\"<>| "), std::u16string::npos);
     EXPECT_EQ(date, CString(u"2024-12-31"));
 }
 
