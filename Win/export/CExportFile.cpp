@@ -124,7 +124,7 @@ void CExportFile::FlushPending() {
     if (m_pendingUsed == 0)
         return;
     const UINT size = static_cast<UINT>(m_pendingUsed);
-    m_pendingUsed = 0; // dropped even when the write fails, as the file drops its buffer
+    m_pendingUsed = 0; // dropped even when the write fails, so no later flush repeats it
     m_file.Write(m_pending.get(), size);
 }
 
