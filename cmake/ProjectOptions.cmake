@@ -29,11 +29,14 @@ function(win_add_test_dir name dir)
                          PROPERTIES ENVIRONMENT "WIN_TEST_OUT=${CMAKE_BINARY_DIR}/test-out")
 endfunction()
 
-# A Google Benchmark program.
+# A benchmark program: our code against a baseline, timed in interleaved rounds
+# (bench/support), with Google Benchmark's helpers that keep work from being
+# optimised away.
 function(win_add_benchmark name)
     find_package(benchmark REQUIRED)
     add_executable(${name} ${ARGN})
-    target_link_libraries(${name} PRIVATE Win platform benchmark::benchmark win_project_options)
+    target_link_libraries(${name} PRIVATE Win platform bench_support benchmark::benchmark
+                                          win_project_options)
 endfunction()
 
 # A fuzz target: a libFuzzer program in the fuzz preset, otherwise a replay program

@@ -7,6 +7,10 @@
 
 #include <afx.h>
 
+#include <cstddef>
+#include <memory>
+#include <string>
+
 class CExportFile {
 public:
     // Either flag, when true, appends as the format's m_append does.
@@ -30,10 +34,23 @@ public:
     CString GetError() const { return m_error; }
 
 private:
+    // Writes a field that is not plain ASCII: formatted, then converted to UTF-8.
+    void WriteConverted(const CString& text);
+    // Gives the fields gathered so far to the file.
+    void FlushPending();
+
     CExportFormat m_format;
     CString m_error;
     CStdioFile m_file;
     bool m_atLineStart;
     bool m_forceAppend1;
     bool m_forceAppend2;
+    // Plain ASCII fields and line feeds gather in a block before they go to
+    // the file, which spares a call into it for every field.
+    static constexpr std::size_t kPendingBlock = 8192;
+    std::unique_ptr<char[]> m_pending;
+    std::size_t m_pendingUsed = 0;
+    // Reused by every field that needs a conversion.
+    CString m_field;
+    std::string m_bytes;
 };

@@ -36,29 +36,35 @@ void CExportFormat::SetFilename(const CString& filename) {
         m_csv = 1;
 }
 
-CString CExportFormat::FormatData(CString data, bool first) const {
-    // The delimiter and qualifier in use; the members themselves never change.
-    const CString* delimiter = &m_delimiter;
-    const CString* quote = &m_quote;
-    if (m_csv == 1) {
-        delimiter = &kComma;
-        quote = data.Find(u',') >= 0 ? &kDoubleQuote : &kNone;
-    }
-    if (*delimiter == CResourceString(IDS_DELIMITER_TAB))
-        delimiter = &kTab;
-    if (*delimiter == CResourceString(IDS_DELIMITER_SPACE))
-        delimiter = &kSpace;
-    if (*quote == CResourceString(IDS_QUALIFIER_NONE))
-        quote = &kNone;
+const CExportFormat::Resolved& CExportFormat::ResolveAgain() const {
+    const unsigned generation = platform::ResourceGeneration();
+    const CResourceString tab(IDS_DELIMITER_TAB), space(IDS_DELIMITER_SPACE),
+        none(IDS_QUALIFIER_NONE);
+    const CString& delimiter = m_csv == 1 ? kComma : m_delimiter;
+    m_resolved.delimiter = delimiter == tab ? kTab : delimiter;
+    if (m_resolved.delimiter == space)
+        m_resolved.delimiter = kSpace;
+    m_resolved.quote = m_quote == none ? kNone : m_quote;
+    m_resolved.quoteWithComma = kDoubleQuote == none ? kNone : kDoubleQuote;
+    m_resolved.csv = m_csv;
+    m_resolved.generation = generation;
+    return m_resolved;
+}
 
-    CString result;
-    result.Preallocate((first ? 0 : delimiter->GetLength()) + 2 * quote->GetLength() +
-                       data.GetLength());
+void CExportFormat::AppendFormatted(const CString& data, bool first, CString& out) const {
+    const CString* delimiter = nullptr;
+    const CString* quote = nullptr;
+    Separators(data, delimiter, quote);
     if (!first)
-        result.Append(delimiter->GetString(), delimiter->GetLength());
-    result.Append(quote->GetString(), quote->GetLength());
-    result.Append(data.GetString(), data.GetLength());
-    result.Append(quote->GetString(), quote->GetLength());
+        out.Append(delimiter->GetString(), delimiter->GetLength());
+    out.Append(quote->GetString(), quote->GetLength());
+    out.Append(data.GetString(), data.GetLength());
+    out.Append(quote->GetString(), quote->GetLength());
+}
+
+CString CExportFormat::FormatData(CString data, bool first) const {
+    CString result;
+    AppendFormatted(data, first, result);
     return result;
 }
 
@@ -78,6 +84,7 @@ void CExportFormat::Serialize(CArchive& ar) {
         return;
     }
     const int schema = CSchemaManager::Instance().GetArchiveSchema();
+    m_resolved.generation = 0;
     ar >> m_delimiter >> m_quote >> m_filename;
     m_titles = ReadFlag(ar, schema);
     if (schema >= kSchemaAppend)

@@ -2,7 +2,9 @@
 // cell's text into the characters written to the file.
 #pragma once
 
-#include <afx.h>
+#include <afxwin.h>
+
+#include <string>
 
 class CExportFormat {
 public:
@@ -16,8 +18,14 @@ public:
     CString GetFilename() const { return m_filename; }
     int GetTitles() const { return m_titles; }
 
-    void SetDelimiter(const CString& delimiter) { m_delimiter = delimiter; }
-    void SetQuote(const CString& quote) { m_quote = quote; }
+    void SetDelimiter(const CString& delimiter) {
+        m_delimiter = delimiter;
+        m_resolved.generation = 0;
+    }
+    void SetQuote(const CString& quote) {
+        m_quote = quote;
+        m_resolved.generation = 0;
+    }
     void SetTitles(int titles) { m_titles = titles; }
     // A name ending in ".csv" (any case) switches on comma-separated mode for
     // good; other names leave the mode as it is.
@@ -26,6 +34,20 @@ public:
     // The field as it goes into the file: qualifier, data, qualifier, with the
     // delimiter in front unless it is the first field of its line.
     CString FormatData(CString data, bool first) const;
+    // The same characters appended to out, so a writer can reuse one buffer.
+    void AppendFormatted(const CString& data, bool first, CString& out) const;
+    // The delimiter and the qualifier that FormatData puts around data.
+    void Separators(const CString& data, const CString*& delimiter, const CString*& quote) const {
+        const Resolved& resolved = Resolve();
+        delimiter = &resolved.delimiter;
+        if (m_csv != 1)
+            quote = &resolved.quote;
+        else if (std::char_traits<WCHAR>::find(data.GetString(),
+                                               static_cast<std::size_t>(data.GetLength()), u','))
+            quote = &resolved.quoteWithComma;
+        else
+            quote = &resolved.none;
+    }
 
     // Which fields a loaded archive holds follows from the archive's schema
     // (CSchemaManager); storing always writes them all.
@@ -42,6 +64,26 @@ public:
     BOOL m_titlesShown;
 
 private:
+    // The delimiter and qualifiers in use after mapping the host's display
+    // names for tab, space and no qualifier. The names come from the string
+    // table, so they are kept only while the resource tables and the settings
+    // they were worked out from stay the same.
+    struct Resolved {
+        unsigned generation = 0; // 0: not worked out
+        BOOL csv = 0;
+        CString delimiter;
+        CString quote;          // outside comma-separated mode
+        CString quoteWithComma; // in comma-separated mode, for a field holding a comma
+        CString none;           // in comma-separated mode, for any other field
+    };
+    const Resolved& Resolve() const {
+        if (m_resolved.generation == platform::ResourceGeneration() && m_resolved.csv == m_csv)
+            return m_resolved;
+        return ResolveAgain();
+    }
+    const Resolved& ResolveAgain() const;
+
+    mutable Resolved m_resolved;
     CString m_delimiter;
     CString m_quote;
     CString m_filename;

@@ -1,5 +1,9 @@
-// Cells drawn per second by the renderer into a memory DC: text screens with a
-// realistic mix of styles, and screens of line-drawing glyphs.
+// A full-screen refresh through the cell renderer into a memory DC, against
+// the same screen drawn by Cairo's own text path and strokes, in interleaved
+// rounds: text screens with a realistic mix of styles, and screens of
+// line-drawing glyphs, at 80x24 and 132x50.
+#include "CairoScreen.h"
+#include "Interleaved.h"
 #include "support/TestLayout.h"
 
 #include <Win/Win.h>
@@ -65,34 +69,48 @@ public:
     CBitmap* old = nullptr;
 };
 
-void Refresh(benchmark::State& state, bool lines) {
-    int cols = static_cast<int>(state.range(0)), rows = static_cast<int>(state.range(1));
+// Our refresh and Cairo's of the same screen; the ratio is Cairo's time over ours.
+bench::Measure Refresh(const bench::Options& options, int cols, int rows, bool lines) {
     testing_support::TestLayout layout(u"Lucida Console", -13); // an 8x15 cell
-    CSize cell = layout.GetCharSize();
+    const CSize cell = layout.GetCharSize();
     Screen screen = MakeScreen(layout, cols, rows, lines);
     Target target(cols * cell.cx, rows * cell.cy);
+    TEXTMETRIC metrics{};
+    target.dc.SelectObject(layout.GetStyle(0)->GetFont());
+    target.dc.GetTextMetrics(&metrics);
+    // "Lucida Console" is DejaVu Sans Mono here; -13 asks for 13 pixels per em.
+    CairoScreen cairo(cols * cell.cx, rows * cell.cy, "DejaVu Sans Mono", 13,
+                      static_cast<int>(metrics.tmAscent));
     ScreenCharRenderer* renderer = ScreenCharRenderer::Instance();
-    for (auto _ : state) {
+    auto ours = [&] {
         std::size_t i = 0;
         for (int r = 0; r < rows; ++r)
             for (int c = 0; c < cols; ++c)
                 renderer->Draw(&target.dc, &screen.cells[i++], c * cell.cx, r * cell.cy, cell);
         benchmark::ClobberMemory();
-    }
-    state.counters["cells_per_s"] = benchmark::Counter(
-        static_cast<double>(cols * rows), benchmark::Counter::kIsIterationInvariantRate);
+    };
+    auto baseline = [&] {
+        cairo.Draw(screen.cells, cols, cell);
+        benchmark::ClobberMemory();
+    };
+    const bench::Result result = bench::Interleave(options, ours, baseline);
+    const std::string name = std::string(lines ? "refresh-lines-" : "refresh-text-") +
+                             std::to_string(cols) + "x" + std::to_string(rows);
+    return bench::MakeMeasure(name, "ms", 1e3, lines ? "Cairo strokes" : "Cairo text path",
+                              result.cpu);
 }
-
-void BM_RefreshText(benchmark::State& state) {
-    Refresh(state, false);
-}
-void BM_RefreshLines(benchmark::State& state) {
-    Refresh(state, true);
-}
-
-BENCHMARK(BM_RefreshText)->Args({80, 24})->Args({132, 50})->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_RefreshLines)->Args({80, 24})->Args({132, 50})->Unit(benchmark::kMillisecond);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    bench::Options options;
+    if (!bench::ParseOptions(argc, argv, options))
+        return 2;
+    std::vector<bench::Measure> measures;
+    for (bool lines : {false, true}) {
+        measures.push_back(Refresh(options, 80, 24, lines));
+        measures.push_back(Refresh(options, 132, 50, lines));
+    }
+    bench::Report(options, measures);
+    return 0;
+}

@@ -1,13 +1,17 @@
-// Micro-benchmarks of the screen model: character output, scrolling at the
-// bottom margin, line insertion and deletion, erasing, selection and text, and
-// output with a raster DC attached. Each baseline does the same job the way a
-// literal implementation would (block moves of whole 132-cell rows), so the
+// The screen model's operations against baselines timed in interleaved
+// rounds: character output, scrolling at the bottom margin, line insertion and
+// deletion, erasing, selection and text, and output with a raster DC attached.
+// Each baseline does the same job the way a literal implementation would
+// (block moves of whole 132-cell rows, cell-by-cell writes and walks), so the
 // figures show what the row table and the short paths save.
+#include "Interleaved.h"
+
 #include <Win/Win.h>
 
 #include <benchmark/benchmark.h>
 
 #include <cstring>
+#include <string>
 #include <vector>
 
 namespace {
@@ -49,119 +53,160 @@ struct BlockMoveScreen {
     }
 };
 
-void BM_PutChar(benchmark::State& state) {
+// Each timed run repeats an operation this many times, so the call into the
+// timing loop is no part of the figure.
+constexpr int kBatch = 100;
+constexpr double kNsPerOperation = 1e9 / kBatch;
+
+// 80 characters on one row, then the cursor to the next row's start.
+bench::Measure PutChar(const bench::Options& options) {
     ScreenBuffer screen(Layout());
     screen.SetAutoWrapMode(true);
-    for (auto _ : state) {
-        for (int i = 0; i < 80; ++i)
-            screen.PutChar(static_cast<WCHAR>(u'a' + i % 26));
-        screen.CarriageReturn();
-        screen.CursorPosition(1 + static_cast<int>(state.iterations() % 24), 1);
-    }
-    state.SetItemsProcessed(state.iterations() * 80);
-}
-BENCHMARK(BM_PutChar);
-
-void BM_PutChar_RawCells(benchmark::State& state) {
-    BlockMoveScreen screen;
+    int row = 0;
+    auto ours = [&] {
+        for (int n = 0; n < kBatch; ++n) {
+            for (int i = 0; i < 80; ++i)
+                screen.PutChar(static_cast<WCHAR>(u'a' + i % 26));
+            screen.CarriageReturn();
+            row = (row + 1) % 24;
+            screen.CursorPosition(1 + row, 1);
+        }
+    };
+    BlockMoveScreen raw;
     FontStyle* style = Layout().GetStyle(0);
     FontStyle* selStyle = Layout().GetStyle(0x1000);
-    int row = 0;
-    for (auto _ : state) {
-        for (int i = 0; i < 80; ++i)
-            screen.cells[row * 132 + i].Set(static_cast<WCHAR>(u'a' + i % 26), 0, style, selStyle);
-        row = (row + 1) % 24;
-        benchmark::ClobberMemory();
-    }
-    state.SetItemsProcessed(state.iterations() * 80);
+    int rawRow = 0;
+    auto baseline = [&] {
+        for (int n = 0; n < kBatch; ++n) {
+            for (int i = 0; i < 80; ++i)
+                raw.cells[rawRow * 132 + i].Set(static_cast<WCHAR>(u'a' + i % 26), 0, style,
+                                                selStyle);
+            rawRow = (rawRow + 1) % 24;
+            benchmark::ClobberMemory();
+        }
+    };
+    return bench::MakeMeasure("screen-putchar", "ns/row", kNsPerOperation, "raw cell writes",
+                              bench::Interleave(options, ours, baseline).cpu);
 }
-BENCHMARK(BM_PutChar_RawCells);
 
-void BM_ScrollAtBottomMargin(benchmark::State& state) {
+bench::Measure ScrollAtBottomMargin(const bench::Options& options) {
     ScreenBuffer screen(Layout());
     screen.CursorPosition(24, 1);
-    for (auto _ : state)
-        screen.Index();
-    state.SetItemsProcessed(state.iterations());
+    auto ours = [&] {
+        for (int n = 0; n < kBatch; ++n)
+            screen.Index();
+    };
+    BlockMoveScreen raw;
+    auto baseline = [&] {
+        for (int n = 0; n < kBatch; ++n) {
+            raw.ScrollUp(0, 23);
+            benchmark::ClobberMemory();
+        }
+    };
+    return bench::MakeMeasure("screen-scroll-bottom-margin", "ns", kNsPerOperation,
+                              "block move of 24 rows",
+                              bench::Interleave(options, ours, baseline).cpu);
 }
-BENCHMARK(BM_ScrollAtBottomMargin);
 
-void BM_ScrollAtBottomMargin_BlockMove(benchmark::State& state) {
-    BlockMoveScreen screen;
-    for (auto _ : state) {
-        screen.ScrollUp(0, 23);
-        benchmark::ClobberMemory();
-    }
-    state.SetItemsProcessed(state.iterations());
-}
-BENCHMARK(BM_ScrollAtBottomMargin_BlockMove);
-
-void BM_InsertDeleteLine(benchmark::State& state) {
+bench::Measure InsertDeleteLine(const bench::Options& options) {
     ScreenBuffer screen(Layout());
     screen.SetScrollingRegion(3, 22);
     screen.CursorPosition(5, 1);
-    for (auto _ : state) {
-        screen.InsertLine(1);
-        screen.DeleteLine(1);
-    }
-    state.SetItemsProcessed(state.iterations() * 2);
+    auto ours = [&] {
+        for (int n = 0; n < kBatch; ++n) {
+            screen.InsertLine(1);
+            screen.DeleteLine(1);
+        }
+    };
+    BlockMoveScreen raw;
+    auto baseline = [&] {
+        for (int n = 0; n < kBatch; ++n) {
+            raw.ScrollDown(4, 21);
+            raw.ScrollUp(4, 21);
+            benchmark::ClobberMemory();
+        }
+    };
+    return bench::MakeMeasure("screen-insert-delete-line", "ns/pair", kNsPerOperation,
+                              "block moves of 18 rows",
+                              bench::Interleave(options, ours, baseline).cpu);
 }
-BENCHMARK(BM_InsertDeleteLine);
 
-void BM_InsertDeleteLine_BlockMove(benchmark::State& state) {
-    BlockMoveScreen screen;
-    for (auto _ : state) {
-        screen.ScrollDown(4, 21);
-        screen.ScrollUp(4, 21);
-        benchmark::ClobberMemory();
-    }
-    state.SetItemsProcessed(state.iterations() * 2);
-}
-BENCHMARK(BM_InsertDeleteLine_BlockMove);
-
-void BM_EraseInDisplay(benchmark::State& state) {
+bench::Measure EraseInDisplay(const bench::Options& options) {
     ScreenBuffer screen(Layout());
     screen.CursorPosition(1, 1);
-    for (auto _ : state)
-        screen.EraseInDisplay(2, false);
-    state.SetItemsProcessed(state.iterations());
-}
-BENCHMARK(BM_EraseInDisplay);
-
-void BM_EraseInDisplay_CellByCell(benchmark::State& state) {
-    BlockMoveScreen screen;
+    auto ours = [&] {
+        for (int n = 0; n < kBatch; ++n)
+            screen.EraseInDisplay(2, false);
+    };
+    BlockMoveScreen raw;
     FontStyle* style = Layout().GetStyle(0);
     FontStyle* selStyle = Layout().GetStyle(0x1000);
-    for (auto _ : state) {
-        for (int row = 0; row < 24; ++row)
-            for (int col = 0; col < 80; ++col)
-                screen.cells[row * 132 + col].Set(u' ', 0, style, selStyle);
-        benchmark::ClobberMemory();
-    }
-    state.SetItemsProcessed(state.iterations());
+    auto baseline = [&] {
+        for (int n = 0; n < kBatch; ++n) {
+            for (int row = 0; row < 24; ++row)
+                for (int col = 0; col < 80; ++col)
+                    raw.cells[row * 132 + col].Set(u' ', 0, style, selStyle);
+            benchmark::ClobberMemory();
+        }
+    };
+    return bench::MakeMeasure("screen-erase-in-display", "ns", kNsPerOperation,
+                              "cell-by-cell blanks",
+                              bench::Interleave(options, ours, baseline).cpu);
 }
-BENCHMARK(BM_EraseInDisplay_CellByCell);
 
-void BM_SelectAndText(benchmark::State& state) {
+// A drag that grows the selection by a row at a time, then reads it; the
+// baseline flags the same cells of a plain array one by one and gathers their
+// characters, a row break after each row.
+bench::Measure SelectAndText(const bench::Options& options) {
     ScreenBuffer screen(Layout());
+    BlockMoveScreen raw;
+    FontStyle* style = Layout().GetStyle(0);
+    FontStyle* selStyle = Layout().GetStyle(0x1000);
     for (int row = 1; row <= 24; ++row) {
         screen.CursorPosition(row, 1);
-        for (int i = 0; i < 60; ++i)
-            screen.PutChar(static_cast<WCHAR>(u'A' + (row + i) % 26));
+        for (int i = 0; i < 60; ++i) {
+            const WCHAR ch = static_cast<WCHAR>(u'A' + (row + i) % 26);
+            screen.PutChar(ch);
+            raw.cells[(row - 1) * 132 + i].Set(ch, 0, style, selStyle);
+        }
     }
     int end = 0;
-    for (auto _ : state) {
-        // A drag that grows the selection by a row at a time, then reads it.
-        end = end % 23 + 2;
-        screen.Select(CursorPos(1, 1), CursorPos(end, 40));
-        CString text = screen.SelectedText();
-        benchmark::DoNotOptimize(text.GetLength());
-    }
-    state.SetItemsProcessed(state.iterations());
+    auto ours = [&] {
+        for (int n = 0; n < kBatch / 10; ++n) {
+            end = end % 23 + 2;
+            screen.Select(CursorPos(1, 1), CursorPos(end, 40));
+            CString text = screen.SelectedText();
+            benchmark::DoNotOptimize(text.GetLength());
+        }
+    };
+    int rawEnd = 0;
+    auto baseline = [&] {
+        for (int n = 0; n < kBatch / 10; ++n) {
+            rawEnd = rawEnd % 23 + 2;
+            for (ScreenChar& cell : raw.cells)
+                cell.Unselect();
+            CString text;
+            for (int row = 0; row < rawEnd; ++row) {
+                // Each row's text ends after its last written cell.
+                const int last = row + 1 == rawEnd ? 40 : 60;
+                for (int col = 0; col < last; ++col) {
+                    ScreenChar& cell = raw.cells[row * 132 + col];
+                    cell.Select();
+                    text.AppendChar(cell.GetValue());
+                }
+                if (row + 1 < rawEnd)
+                    text.Append(u"\r\n", 2);
+            }
+            benchmark::DoNotOptimize(text.GetLength());
+        }
+    };
+    return bench::MakeMeasure("screen-select-and-text", "ns", 1e9 / (kBatch / 10),
+                              "flag and gather cell by cell",
+                              bench::Interleave(options, ours, baseline).cpu);
 }
-BENCHMARK(BM_SelectAndText);
 
-void BM_PutCharWithRasterDC(benchmark::State& state) {
+// Character output with a raster DC attached, against the same output without one.
+bench::Measure PutCharWithRasterDC(const bench::Options& options) {
     CDC screenDC;
     screenDC.Attach(::GetDC(nullptr));
     CDC memory;
@@ -170,23 +215,40 @@ void BM_PutCharWithRasterDC(benchmark::State& state) {
     CSize cell = Layout().GetCharSize();
     bitmap.CreateCompatibleBitmap(&screenDC, cell.cx * 80, cell.cy * 24);
     CBitmap* old = memory.SelectObject(&bitmap);
+    bench::Result result;
     {
-        ScreenBuffer screen(Layout());
-        screen.SetAutoWrapMode(true);
-        screen.SetDC(&memory);
-        for (auto _ : state) {
-            for (int i = 0; i < 80; ++i)
-                screen.PutChar(static_cast<WCHAR>(u'a' + i % 26));
-            screen.CursorPosition(1 + static_cast<int>(state.iterations() % 24), 1);
-        }
-        screen.SetDC(nullptr);
+        ScreenBuffer drawn(Layout());
+        drawn.SetAutoWrapMode(true);
+        drawn.SetDC(&memory);
+        ScreenBuffer plain(Layout());
+        plain.SetAutoWrapMode(true);
+        auto run = [](ScreenBuffer& screen, int& row) {
+            for (int n = 0; n < kBatch; ++n) {
+                for (int i = 0; i < 80; ++i)
+                    screen.PutChar(static_cast<WCHAR>(u'a' + i % 26));
+                row = (row + 1) % 24;
+                screen.CursorPosition(1 + row, 1);
+            }
+        };
+        int drawnRow = 0, plainRow = 0;
+        result = bench::Interleave(
+            options, [&] { run(drawn, drawnRow); }, [&] { run(plain, plainRow); });
+        drawn.SetDC(nullptr);
     }
     memory.SelectObject(old);
     ::ReleaseDC(nullptr, screenDC.Detach());
-    state.SetItemsProcessed(state.iterations() * 80);
+    return bench::MakeMeasure("screen-putchar-raster-dc", "ns/row", kNsPerOperation, "without a DC",
+                              result.cpu);
 }
-BENCHMARK(BM_PutCharWithRasterDC);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    bench::Options options;
+    if (!bench::ParseOptions(argc, argv, options))
+        return 2;
+    bench::Report(options,
+                  {PutChar(options), ScrollAtBottomMargin(options), InsertDeleteLine(options),
+                   EraseInDisplay(options), SelectAndText(options), PutCharWithRasterDC(options)});
+    return 0;
+}

@@ -66,7 +66,7 @@ inline void CStdioFile::Put(char byte, int cause) {
 
 void CStdioFile::PutTranslated(const char* data, std::size_t size, int cause) {
     while (size > 0) {
-        // Room for two bytes per input byte, as each one may be a line feed.
+        // Room for at least a line feed written as CR LF.
         if (kBufferSize - m_used < 2)
             Drain(cause);
         char* out = m_buffer.get() + m_used;
@@ -78,14 +78,22 @@ void CStdioFile::PutTranslated(const char* data, std::size_t size, int cause) {
             size -= n;
             continue;
         }
-        const std::size_t n = std::min(size, (kBufferSize - m_used) / 2);
-        for (const char* end = data + n; data != end; ++data) {
-            if (*data == '\n')
-                *out++ = '\r';
-            *out++ = *data;
+        // Copies up to and including the next line feed, which becomes CR LF;
+        // one byte of the room stays free for the CR.
+        const std::size_t n = std::min(size, kBufferSize - m_used - 1);
+        const void* feed = std::memchr(data, '\n', n);
+        const std::size_t run =
+            feed ? static_cast<std::size_t>(static_cast<const char*>(feed) - data) : n;
+        std::memcpy(out, data, run);
+        m_used += run;
+        data += run;
+        size -= run;
+        if (feed) {
+            m_buffer[m_used++] = '\r';
+            m_buffer[m_used++] = '\n';
+            ++data;
+            --size;
         }
-        m_used = static_cast<std::size_t>(out - m_buffer.get());
-        size -= n;
     }
 }
 

@@ -7,12 +7,17 @@
 #include <atomic>
 #include <unordered_map>
 
-namespace {
+namespace platform::detail {
 // Bumped by every change to a string table, the chain or the resource
 // handle; string lookups cached under an older value are stale.
 std::atomic<unsigned> g_resourceGeneration{1};
+} // namespace platform::detail
+
+namespace {
+using platform::detail::g_resourceGeneration;
 void ResourcesChanged() {
-    ++g_resourceGeneration;
+    if (++g_resourceGeneration == 0) // 0 stays free to mean "never looked up"
+        ++g_resourceGeneration;
 }
 } // namespace
 

@@ -294,6 +294,21 @@ const Glyph& FontInstance::RenderedGlyph(char16_t ch) {
             glyph.bits[static_cast<size_t>(y) * glyph.width + x] = on ? 1 : 0;
         }
     }
+    for (int y = 0; y < glyph.rows; ++y) {
+        const unsigned char* row = glyph.bits.data() + static_cast<size_t>(y) * glyph.width;
+        for (int x = 0; x < glyph.width;) {
+            if (!row[x]) {
+                ++x;
+                continue;
+            }
+            int end = x;
+            while (end < glyph.width && row[end])
+                ++end;
+            glyph.runs.push_back(Glyph::Run{static_cast<short>(x), static_cast<short>(y),
+                                            static_cast<short>(end - x)});
+            x = end;
+        }
+    }
     return glyph;
 }
 

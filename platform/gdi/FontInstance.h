@@ -27,6 +27,14 @@ struct Glyph {
     int width = 0;
     int rows = 0;
     std::vector<unsigned char> bits;
+    // The same image as horizontal runs of set pixels, row by row: copied
+    // into the pixels without looking at the ones left clear.
+    struct Run {
+        short x;
+        short y;
+        short length;
+    };
+    std::vector<Run> runs;
 };
 
 class FontInstance {

@@ -184,6 +184,8 @@ BOOL Polygon(HDC hdc, const POINT* points, int count) {
         return FALSE;
     if (dc->journal)
         RecordPoints(*dc, "Polygon", points, count);
+    if (PolygonFromMasks(*dc, points, count))
+        return TRUE;
     if (Paints(dc->brush)) {
         TracePath(dc->cr, points, count, true);
         cairo_set_fill_rule(dc->cr, dc->polyFillMode == WINDING ? CAIRO_FILL_RULE_WINDING

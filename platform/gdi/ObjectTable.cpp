@@ -22,6 +22,20 @@ std::unordered_map<const void*, GdiObject*>& Table() {
     return *table;
 }
 
+// The objects looked up most recently, by handle: a drawing call looks up its
+// DC and the objects it selects again and again. Handles are never reused, so
+// an entry is only cleared when its object is destroyed.
+struct Recent {
+    const void* handle = nullptr;
+    GdiObject* object = nullptr;
+};
+constexpr std::size_t kRecentSlots = 64;
+Recent g_recent[kRecentSlots];
+
+Recent& RecentSlot(const void* handle) {
+    return g_recent[(reinterpret_cast<uintptr_t>(handle) >> 2) % kRecentSlots];
+}
+
 void* NewHandle() {
     static uintptr_t next = 0x10000;
     next += 4;
@@ -31,6 +45,7 @@ void* NewHandle() {
 void Enter(GdiObject* object) {
     object->handle = NewHandle();
     Table().emplace(object->handle, object);
+    RecentSlot(object->handle) = Recent{object->handle, object};
 }
 
 GdiCounts& Counts() {
@@ -95,8 +110,14 @@ void* Register(GdiObject* object) {
 GdiObject* Lookup(const void* handle) {
     if (!handle)
         return nullptr;
+    Recent& recent = RecentSlot(handle);
+    if (recent.handle == handle)
+        return recent.object;
     auto found = Table().find(handle);
-    return found == Table().end() ? nullptr : found->second;
+    if (found == Table().end())
+        return nullptr;
+    recent = Recent{handle, found->second};
+    return found->second;
 }
 
 void* HandleOf(const GdiObject* object) {
@@ -107,6 +128,8 @@ void Destroy(GdiObject* object) {
     if (object->stock)
         return;
     Table().erase(object->handle);
+    if (Recent& recent = RecentSlot(object->handle); recent.handle == object->handle)
+        recent = Recent{};
     if (int* counter = Counter(object->type))
         --*counter;
     NotifyHandleGone(object->handle);

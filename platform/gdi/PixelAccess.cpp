@@ -65,9 +65,9 @@ void PixelAccess::Stamp(int x, int y, int width, int height, const unsigned char
     for (int row = top; row < bottom; ++row) {
         const unsigned char* bits = mask + static_cast<long>(row - y) * width;
         uint32_t* line = m_data + static_cast<long>(row) * m_stride;
+        // Written without a branch, so the compiler can do a row at a time.
         for (int col = left; col < right; ++col)
-            if (bits[col - x])
-                line[col] = pixel;
+            line[col] = bits[col - x] ? pixel : line[col];
     }
     Touch(left, top, right, bottom);
 }

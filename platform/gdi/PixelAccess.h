@@ -25,10 +25,22 @@ public:
     void Fill(int x, int y, int width, int height, COLORREF color);
     // Sets the pixels where mask (width x height, one byte per pixel) is non-zero.
     void Stamp(int x, int y, int width, int height, const unsigned char* mask, uint32_t pixel);
-
-private:
+    // Whether the rectangle lies wholly inside the clip, so that Row may be used.
+    bool Inside(int x, int y, int width, int height) const {
+        return m_data && x >= m_clip.left && y >= m_clip.top && width >= 0 && height >= 0 &&
+               static_cast<long long>(x) + width <= m_clip.right &&
+               static_cast<long long>(y) + height <= m_clip.bottom;
+    }
+    // Sets length pixels from (x, y) inside a rectangle that Inside accepted
+    // and that is then passed to Touch.
+    void Row(int x, int y, int length, uint32_t pixel) {
+        uint32_t* line = m_data + static_cast<long>(y) * m_stride + x;
+        for (int i = 0; i < length; ++i)
+            line[i] = pixel;
+    }
     void Touch(int left, int top, int right, int bottom);
 
+private:
     cairo_surface_t* m_surface;
     uint32_t* m_data;
     int m_stride; // in pixels

@@ -51,7 +51,14 @@ void BlitText(DeviceContext& dc, FontInstance& font, int x, int y, const char16_
         const Glyph& glyph = font.RenderedGlyph(text[i]);
         int left = dx + pen + glyph.left;
         int top = dy + tm.tmAscent - glyph.top;
-        pixels.Stamp(left, top, glyph.width, glyph.rows, glyph.bits.data(), ink);
+        if (pixels.Inside(left, top, glyph.width, glyph.rows)) {
+            for (const Glyph::Run& run : glyph.runs)
+                pixels.Row(left + run.x, top + run.y, run.length, ink);
+            if (!glyph.runs.empty())
+                pixels.Touch(left, top, left + glyph.width, top + glyph.rows);
+        } else {
+            pixels.Stamp(left, top, glyph.width, glyph.rows, glyph.bits.data(), ink);
+        }
         pen += glyph.advance;
     }
     if (font.Underline())

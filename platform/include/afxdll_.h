@@ -4,6 +4,8 @@
 
 #include "afx.h"
 
+#include <atomic>
+
 #define DLL_PROCESS_DETACH 0
 #define DLL_PROCESS_ATTACH 1
 #define DLL_THREAD_ATTACH 2
@@ -68,3 +70,16 @@ HINSTANCE AfxGetResourceHandle();
 void AfxSetResourceHandle(HINSTANCE resource);
 // The first module of the chain whose string table holds id, or null.
 HINSTANCE AfxFindStringResourceHandle(UINT id);
+
+namespace platform {
+namespace detail {
+extern std::atomic<unsigned> g_resourceGeneration;
+} // namespace detail
+// A number that changes whenever a string table, the module chain or the
+// resource handle changes: a string loaded under one value may be kept for as
+// long as the value stays the same. Never 0. Read inline, as a cache checks it
+// before every use.
+inline unsigned ResourceGeneration() {
+    return detail::g_resourceGeneration.load(std::memory_order_relaxed);
+}
+} // namespace platform

@@ -1,9 +1,12 @@
 #!/usr/bin/env bash
-# Refreshing a whole screen through the cell renderer, pinned to one CPU.
+# Refreshing a whole screen through the cell renderer against Cairo's own text
+# path and strokes drawing the same screen, in interleaved rounds pinned to one
+# CPU. Writes <out>/render.measures.json.
 set -euo pipefail
-build=$1
-out=$2
-taskset -c 0 "$build/bench/render/render_bench" --benchmark_repetitions=7 \
-    --benchmark_report_aggregates_only=true --benchmark_format=json \
-    --benchmark_out="$out/render.gbench.json" --benchmark_out_format=json >/dev/null
-python3 "$(dirname "$0")/render_measures.py" "$out/render.gbench.json" "$out/render.measures.json"
+build=${1:?build dir}
+out=${2:?output dir}
+mkdir -p "$out"
+pin=()
+command -v taskset >/dev/null && taskset -c 0 true 2>/dev/null && pin=(taskset -c 0)
+"${pin[@]}" "$build/bench/render/render_bench" --rounds "${WIN_BENCH_ROUNDS:-15}" \
+    --json "$out/render.measures.json"

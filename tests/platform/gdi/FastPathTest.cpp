@@ -92,7 +92,60 @@ TEST(FastPaths, GlyphBlitsMatchCairoText) {
                     dc.TextOut(2, 2, CString(u"Ag#@|_~\u00A3\u00B0"));
                     dc.SetBkMode(TRANSPARENT);
                     dc.TextOut(3, 50, CString(u"Wij{}%"));
+                    // Cut by the edges.
+                    dc.TextOut(kWidth - 12, kHeight - 9, CString(u"Wg"));
+                    dc.TextOut(-5, -6, CString(u"Qy"));
                     dc.SelectObject(old);
+                });
+            }
+        }
+    }
+}
+
+TEST(FastPaths, PolygonsMatchCairo) {
+    const DWORD styles[] = {PS_JOIN_BEVEL | PS_ENDCAP_FLAT, PS_JOIN_ROUND | PS_ENDCAP_ROUND,
+                            PS_JOIN_MITER | PS_ENDCAP_SQUARE};
+    for (int width : {-1, 0, 1, 2, 3}) { // -1: a null pen
+        for (DWORD style : styles) {
+            for (bool filled : {true, false}) {
+                ExpectSamePixels([&](CDC& dc) {
+                    std::mt19937 random(11 + width); // the same shapes in both runs
+                    LOGBRUSH pattern{BS_SOLID, RGB(250, 250, 0), 0};
+                    CPen pen;
+                    if (width < 0)
+                        pen.CreatePen(PS_NULL, 0, RGB(0, 0, 0));
+                    else
+                        pen.CreatePen(PS_GEOMETRIC | style, width, &pattern);
+                    CBrush brush(RGB(0, 200, 90));
+                    CPen* oldPen = dc.SelectObject(&pen);
+                    CBrush* oldBrush = filled
+                                           ? dc.SelectObject(&brush)
+                                           : static_cast<CBrush*>(dc.SelectStockObject(NULL_BRUSH));
+                    ::SetPolyFillMode(dc.GetSafeHdc(), width % 2 ? WINDING : ALTERNATE);
+                    // Diamonds, as the line-drawing glyphs draw them, and random
+                    // shapes, each drawn again elsewhere, some cut by the edges.
+                    for (int n = 0; n < 12; ++n) {
+                        std::vector<POINT> points;
+                        if (n < 4) {
+                            const LONG d = 2 + n, xm = 8 + 20 * n, ym = 12;
+                            points = {{xm - d, ym}, {xm, ym - d}, {xm + d, ym}, {xm, ym + d}};
+                        } else {
+                            const int corners = 3 + static_cast<int>(random() % 4);
+                            for (int c = 0; c < corners; ++c)
+                                points.push_back({static_cast<LONG>(random() % 40),
+                                                  static_cast<LONG>(random() % 40)});
+                        }
+                        for (int copy = 0; copy < 3; ++copy) {
+                            const LONG dx = static_cast<LONG>(random() % (kWidth + 40)) - 30;
+                            const LONG dy = static_cast<LONG>(random() % (kHeight + 40)) - 30;
+                            std::vector<POINT> moved = points;
+                            for (POINT& p : moved)
+                                p = POINT{p.x + dx, p.y + dy};
+                            dc.Polygon(moved.data(), static_cast<int>(moved.size()));
+                        }
+                    }
+                    dc.SelectObject(oldPen);
+                    dc.SelectObject(oldBrush);
                 });
             }
         }

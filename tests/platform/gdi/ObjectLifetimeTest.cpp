@@ -76,6 +76,36 @@ TEST(GdiObjects, TemporaryWrappersLastUntilTheHandleIsDeleted) {
     EXPECT_EQ(lb.lbColor, RGB(2, 2, 2));
 }
 
+TEST(GdiObjects, HandlesUsedJustBeforeTheirDeletionAreGoneAfterIt) {
+    CDC dc;
+    ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
+    // More handles than any table of recent lookups holds.
+    for (int i = 0; i < 300; ++i) {
+        HPEN handle = nullptr;
+        {
+            CPen pen(PS_SOLID, 1, RGB(i % 256, 0, 0));
+            handle = static_cast<HPEN>(pen.GetSafeHandle());
+            CPen* stock = dc.SelectObject(&pen);
+            EXPECT_EQ(CPen::FromHandle(handle), &pen);
+            EXPECT_EQ(dc.SelectObject(stock), &pen);
+        }
+        EXPECT_EQ(::GetObjectType(handle), 0u);
+        EXPECT_EQ(::SelectObject(dc.GetSafeHdc(), handle), nullptr);
+        EXPECT_EQ(CPen::FromHandle(handle), nullptr);
+    }
+    // An owner that lets go of its handle: FromHandle then wraps it anew.
+    CBrush owned(RGB(3, 3, 3));
+    HBRUSH handle = static_cast<HBRUSH>(owned.GetSafeHandle());
+    EXPECT_EQ(CBrush::FromHandle(handle), &owned);
+    owned.Detach();
+    CBrush* wrapper = CBrush::FromHandle(handle);
+    ASSERT_NE(wrapper, nullptr);
+    EXPECT_NE(wrapper, &owned);
+    EXPECT_EQ(CBrush::FromHandle(handle), wrapper);
+    ::DeleteObject(handle);
+    EXPECT_EQ(CBrush::FromHandle(handle), nullptr);
+}
+
 TEST(GdiObjects, JournalRecordsValuesAndTheStateUsed) {
     testing_support::Canvas canvas(40, 40, RGB(0, 0, 0));
     CDC& dc = canvas.dc();

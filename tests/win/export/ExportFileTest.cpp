@@ -55,6 +55,44 @@ TEST_F(ExportFile, BinaryModeKeepsFieldsAsUtf8AndLineEndsAsUtf16) {
               std::string("a\nb\t\xC3\xA9\xE2\x82\xAC", 9) + Utf16(u"\ns") + Utf16(u"L\n"));
 }
 
+TEST_F(ExportFile, StringTableChangesShowInTheNextField) {
+    const fs::path path = testing_support::TestOutputDir("export-names") / "n.txt";
+    {
+        CExportFile file(Format(path, u"<Tab>", u"<None>"));
+        ASSERT_TRUE(file.Open(false));
+        file.WriteField(CString(u"a"));
+        file.WriteField(CString(u"b"));
+        platform::Resources(AfxGetResourceHandle()).SetString(692, u"<Semicolon>");
+        file.WriteField(CString(u"c"));
+        file.WriteNewline();
+        platform::Resources(AfxGetResourceHandle()).SetString(694, u"<Nothing>");
+        file.WriteField(CString(u"d"));
+        file.WriteField(CString(u"e"));
+    }
+    EXPECT_EQ(ReadAll(path), "a\tb<Tab>c\r\n<None>d<None><Tab><None>e<None>");
+}
+
+TEST_F(ExportFile, LongAndMixedRunsKeepTheirBytes) {
+    // Enough rows to pass through many blocks, with fields that are not
+    // plain ASCII, that hold a line feed or U+0000, between plain ones.
+    const fs::path path = testing_support::TestOutputDir("export-mixed") / "m.csv";
+    std::string expected;
+    {
+        CExportFile file(Format(path, u";", u"'"));
+        ASSERT_TRUE(file.Open(false));
+        for (int row = 0; row < 3000; ++row) {
+            file.WriteField(CString(u"plain"));
+            file.WriteField(CString(u"x,\u00e9"));
+            file.WriteField(CString(u"l\nf"));
+            file.WriteField(CString(std::u16string_view(u"cut\0here", 8)));
+            file.WriteField(CString(u"\xD800"));
+            file.WriteNewline();
+            expected += "plain,\"x,\xC3\xA9\",l\r\nf,cut,\xEF\xBF\xBD\r\n";
+        }
+    }
+    EXPECT_EQ(ReadAll(path), expected);
+}
+
 TEST_F(ExportFile, LineStartIsKeptByWriteLineAndResetByNewline) {
     const fs::path path = testing_support::TestOutputDir("export-linestart") / "l.txt";
     {

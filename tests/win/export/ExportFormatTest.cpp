@@ -132,6 +132,37 @@ TEST_F(ExportFormat, CsvModeQuotesOnlyFieldsWithCommas) {
     EXPECT_EQ(f.FormatData(u"x", false), CString(u"\tx"));
 }
 
+TEST_F(ExportFormat, StringTableChangesBetweenCallsTakeEffect) {
+    CExportFormat f;
+    f.SetDelimiter(u"<Tab>");
+    f.SetQuote(u"<None>");
+    EXPECT_EQ(f.FormatData(u"a", false), CString(u"\ta"));
+    auto& strings = platform::Resources(AfxGetResourceHandle());
+    strings.SetString(692, u"TAB");
+    strings.SetString(694, u"'");
+    EXPECT_EQ(f.FormatData(u"a", false), CString(u"<Tab><None>a<None>"));
+    f.SetQuote(u"'");
+    EXPECT_EQ(f.FormatData(u"a", false), CString(u"<Tab>a"));
+    strings.RemoveString(694);
+    EXPECT_EQ(f.FormatData(u"a", false), CString(u"<Tab>'a'"));
+    // A copy made before a change follows the change too.
+    CExportFormat copy(f);
+    strings.SetString(692, u"<Tab>");
+    EXPECT_EQ(copy.FormatData(u"a", false), CString(u"\t'a'"));
+
+    // Another resource module in front of the table.
+    char other = 0;
+    const HINSTANCE own = AfxGetResourceHandle();
+    AfxSetResourceHandle(reinterpret_cast<HINSTANCE>(&other));
+    platform::Resources(reinterpret_cast<HINSTANCE>(&other)).SetString(692, u"\u2192");
+    EXPECT_EQ(f.FormatData(u"a", false), CString(u"<Tab>'a'"));
+    f.SetDelimiter(u"\u2192");
+    EXPECT_EQ(f.FormatData(u"a", false), CString(u"\t'a'"));
+    platform::ReleaseResources(reinterpret_cast<HINSTANCE>(&other));
+    AfxSetResourceHandle(own);
+    EXPECT_EQ(f.FormatData(u"a", false), CString(u"\u2192'a'"));
+}
+
 TEST_F(ExportFormat, StoredImageIsByteExact) {
     CExportFormat f;
     f.SetDelimiter(u",");
