@@ -62,7 +62,7 @@ int main(int argc, char** argv) {
     try {
         platform::ReadResourceScript(script.generic_string(), recording);
     } catch (const platform::ResourceScriptError& e) {
-        std::fprintf(stderr, "%s: error: %s\n", argv[1], e.what());
+        std::fprintf(stderr, "%s\n", e.what());
         return 1;
     }
 
