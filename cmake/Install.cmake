@@ -1,7 +1,7 @@
 # Install rules and the exported package, so a host can find_package(Win).
 include(CMakePackageConfigHelpers)
 
-install(TARGETS Win platform EXPORT WinTargets
+install(TARGETS Win platform win_rc EXPORT WinTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -16,6 +16,7 @@ configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/WinConfig.cmake.in
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/WinConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/WinConfig.cmake ${PROJECT_BINARY_DIR}/WinConfigVersion.cmake
+              ${PROJECT_SOURCE_DIR}/cmake/WinResources.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Win)
 
 # The same package for hosts that build without CMake: pkg-config --cflags --libs win.

@@ -1,6 +1,7 @@
 // CDialog: modal and modeless dialogs on the dialog manager, with the
 // framework's own dialog procedure calling OnInitDialog.
 #include <afxwin.h>
+#include <platform/ResourceChain.h>
 
 namespace platform::afx {
 CWnd* HookWindowCreate(CWnd* wnd);
@@ -158,5 +159,11 @@ BOOL CDialog::PreTranslateMessage(MSG* msg) {
 LPCDLGTEMPLATE CDialog::FindTemplate(HINSTANCE* module) const {
     if (module)
         *module = nullptr;
-    return m_lpDialogTemplate;
+    if (m_lpDialogTemplate || !m_lpszTemplateName)
+        return m_lpDialogTemplate;
+    platform::FoundResource<platform::DialogTemplate> found =
+        platform::FindDialogTemplate(platform::MakeResourceName(m_lpszTemplateName));
+    if (module)
+        *module = found.module;
+    return found.resource;
 }

@@ -173,6 +173,10 @@ void ResourceModule::RemoveString(UINT id) {
 ResourceModule& Resources(HINSTANCE module) {
     return Tables()[module];
 }
+const ResourceModule* FindResources(HINSTANCE module) {
+    auto it = Tables().find(module);
+    return it == Tables().end() ? nullptr : &it->second;
+}
 void ReleaseResources(HINSTANCE module) {
     Tables().erase(module);
     ResourcesChanged();

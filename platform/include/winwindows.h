@@ -4,7 +4,6 @@
 
 #include "windef.h"
 #include "winmessages.h"
-#include "winstyles.h"
 
 typedef LRESULT (*WNDPROC)(HWND, UINT, WPARAM, LPARAM);
 

@@ -190,7 +190,7 @@ HWND CreateDialogIndirectParam(HINSTANCE instance, LPCDLGTEMPLATE tmpl, HWND own
     RegisterDialogClass();
     auto info = std::make_unique<DialogInfo>();
     info->font = CreateDialogFont(*tmpl, info->ownsFont);
-    SIZE base = platform::DialogBaseUnits(info->font);
+    platform::DialogBaseUnits base = platform::FontBaseUnits(info->font);
     info->baseX = base.cx;
     info->baseY = base.cy;
     const int baseX = info->baseX, baseY = info->baseY;
@@ -239,9 +239,10 @@ HWND CreateDialogIndirectParam(HINSTANCE instance, LPCDLGTEMPLATE tmpl, HWND own
     for (const platform::DialogItemTemplate& item : tmpl->items) {
         if (!IsWindow(hwnd))
             return nullptr;
+        RECT at = platform::DialogItemRect(base, item);
         HWND control = CreateWindowEx(
-            item.exStyle, item.className.c_str(), item.text.c_str(), item.style, toX(item.x),
-            toY(item.y), toX(item.cx), toY(item.cy), hwnd,
+            item.exStyle, item.className.c_str(), item.text.c_str(), item.style, at.left, at.top,
+            at.right - at.left, at.bottom - at.top, hwnd,
             reinterpret_cast<HMENU>(static_cast<uintptr_t>(item.id)), instance, nullptr);
         if (!control) {
             DestroyWindow(hwnd);

@@ -89,7 +89,7 @@ TEST_F(DialogTest, TemplateUnitsBecomePixelsThroughTheDialogFont) {
     HWND dialog = CreateDialogIndirectParam(nullptr, &tmpl, nullptr, EndingProc, 0);
     ASSERT_NE(dialog, nullptr);
     auto font = reinterpret_cast<HFONT>(SendMessage(dialog, WM_GETFONT, 0, 0));
-    SIZE base = platform::DialogBaseUnits(font);
+    platform::DialogBaseUnits base = platform::FontBaseUnits(font);
     // The classic dialog font is 6 pixels wide on average at 96 dots per
     // inch; the height is the font's cell.
     EXPECT_EQ(base.cx, 6);
@@ -294,6 +294,20 @@ TEST_F(DialogTest, AControlTheTemplateLacksIsReportedAndEndsTheDialog) {
     automation::AnswerMessageBox(IDOK);
     EXPECT_EQ(dialog.DoModal(), -1);
     EXPECT_EQ(shown, u"An unsupported operation was attempted.");
+}
+
+TEST_F(DialogTest, DoModalFindsTheHostsTemplateThroughTheModuleChain) {
+    SettingsDialog dialog;
+    dialog.m_lpszTemplateName = MAKEINTRESOURCE(100);
+    automation::Do([] {
+        HWND active = GetActiveWindow();
+        EXPECT_EQ(TextOf(active), u"Settings");
+        EXPECT_EQ(TextOf(GetDlgItem(active, kCheckId)), u"&Remember");
+    });
+    automation::Click(kCheckId);
+    automation::Key(VK_RETURN);
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_EQ(dialog.remember, 1);
 }
 
 TEST_F(DialogTest, DoModalWithoutATemplateFails) {
