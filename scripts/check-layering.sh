@@ -34,6 +34,13 @@ if grep -rn -E '#[[:space:]]*include[[:space:]]*[<"](cairo|unicode/|fontconfig|f
     echo "a public platform header includes a dependency"
     fail=1
 fi
+# The floors below the class framework (the foundation types, the kernel,
+# drawing, windows and resource scripts) never include a framework header.
+if grep -rn -E '#[[:space:]]*include[[:space:]]*[<"](\.\./)?afx[a-z_]*\.h' \
+        platform/base platform/kernel platform/gdi platform/user platform/res; then
+    echo "a floor below the class framework includes a framework header"
+    fail=1
+fi
 if grep -rn -E '#[[:space:]]*include[[:space:]]*[<"]Win/' platform; then
     echo "the platform includes the library"
     fail=1

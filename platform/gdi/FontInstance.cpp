@@ -1,6 +1,6 @@
 #include "FontInstance.h"
 
-#include <afxstr.h>
+#include <platform/CodePage.h>
 #include <winbase.h>
 
 #include <cairo-ft.h>

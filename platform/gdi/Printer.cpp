@@ -2,7 +2,7 @@
 // the printer's resolution (coordinates are dots; Cairo scales them to points).
 #include "DeviceContext.h"
 
-#include <afxstr.h>
+#include <platform/CodePage.h>
 #include <platform/GdiObjects.h>
 
 #include <cairo-pdf.h>

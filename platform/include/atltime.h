@@ -1,7 +1,7 @@
 // CTime: a point in time in seconds, read from the platform clock.
 #pragma once
 
-#include "afxstr.h"
+#include "atlstr.h"
 #include "wtime.h"
 
 #include <ctime>

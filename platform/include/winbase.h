@@ -26,3 +26,17 @@ void SetLastError(DWORD error);
 #define ERROR_INSUFFICIENT_BUFFER 122
 #define ERROR_INVALID_FLAGS 1004
 #define ERROR_NO_UNICODE_TRANSLATION 1113
+
+// Modules.
+#define GET_MODULE_HANDLE_EX_FLAG_PIN 0x1
+#define GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT 0x2
+#define GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS 0x4
+
+// With FROM_ADDRESS, name is an address inside the module: the handle is the
+// module's load address. A null name without it gives the application.
+BOOL GetModuleHandleExW(DWORD flags, LPCWSTR name, HMODULE* module);
+HMODULE GetModuleHandleW(LPCWSTR name);
+
+// Copies string resource id of module into buffer (cut to size - 1 and
+// terminated); returns the number of characters, 0 when there is none.
+int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);

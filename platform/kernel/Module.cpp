@@ -1,6 +1,6 @@
 // Module handles: a shared library's handle is its load address, as on the
 // original platform; the application has a handle of its own.
-#include "afxwin.h"
+#include "winbase.h"
 
 #include <dlfcn.h>
 

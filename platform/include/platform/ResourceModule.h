@@ -3,7 +3,7 @@
 // lookups go through the framework's chain of modules.
 #pragma once
 
-#include "../afxstr.h"
+#include "../atlstr.h"
 #include "ResourceTemplates.h"
 
 #include <functional>

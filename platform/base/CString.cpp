@@ -1,4 +1,5 @@
-#include "afxstr.h"
+#include "atlstr.h"
+#include "platform/CodePage.h"
 
 #include "winbase.h"
 

@@ -1,35 +1,9 @@
-// The one clock for the local time; tests pin it to a fixed moment.
-#include "platform/Clock.h"
-
+// CTime: a local date and time read from the platform clock.
 #include "atltime.h"
 
-#include <atomic>
+#include "platform/Clock.h"
 
-namespace {
-std::atomic<bool> g_pinned{false};
-std::atomic<std::time_t> g_pinnedTime{0};
-} // namespace
-
-namespace platform {
-
-std::time_t ClockNow() {
-    return g_pinned ? g_pinnedTime.load() : std::time(nullptr);
-}
-
-void PinClock(std::time_t time) {
-    g_pinnedTime = time;
-    g_pinned = true;
-}
-
-void PinLocalClock(int year, int month, int day, int hour, int minute, int second) {
-    PinClock(CTime(year, month, day, hour, minute, second).GetTime());
-}
-
-void UnpinClock() {
-    g_pinned = false;
-}
-
-} // namespace platform
+#include <ctime>
 
 CTime::CTime(int year, int month, int day, int hour, int minute, int second, int dst) {
     struct tm tm {};

@@ -1,4 +1,5 @@
-#include "afxstr.h"
+// UTF-8 conversion of UTF-16 text through ICU.
+#include "platform/CodePage.h"
 
 #include <unicode/ustring.h>
 
