@@ -129,3 +129,4 @@ private:
 
 #include "afxdll_.h"
 #include "afxwnd.h"
+#include "afxapp.h"
