@@ -67,9 +67,12 @@ std::string ConfigHome() {
     return "/.config";
 }
 
+// The file's path; empty for a name that cannot be a file (empty, or a directory's).
 std::string ResolvePath(LPCWSTR fileName) {
     const std::string name = platform::ToUtf8(fileName ? fileName : u"win.ini");
-    if (!name.empty() && name.front() == '/')
+    if (name.empty() || name.back() == '/')
+        return {};
+    if (name.front() == '/')
         return name;
     return ConfigHome() + "/" + name;
 }
@@ -122,8 +125,8 @@ void Remember(const std::string& path, std::string bytes, std::shared_ptr<IniDoc
 std::shared_ptr<const IniDocument> LoadForReading(LPCWSTR fileName) {
     const std::string path = ResolvePath(fileName);
     std::string bytes;
-    int error = 0;
-    if (!platform::ReadWholeFile(path, bytes, kMaxFileSize, error)) {
+    int error = ENOENT;
+    if (path.empty() || !platform::ReadWholeFile(path, bytes, kMaxFileSize, error)) {
         SetLastError(Win32Error(error));
         return std::make_shared<const IniDocument>();
     }
@@ -250,6 +253,10 @@ BOOL WritePrivateProfileStringW(LPCWSTR appName, LPCWSTR keyName, LPCWSTR string
         return FALSE;
     }
     const std::string path = ResolvePath(fileName);
+    if (path.empty()) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
     int error = 0;
     const auto slash = path.rfind('/');
     if (slash != std::string::npos && slash > 0 &&

@@ -127,6 +127,11 @@ TEST_F(IniRules, RefusesNamesAndValuesThatWouldNotReadBack) {
         EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
     }
     EXPECT_EQ(ReadBytes(file), "[s]\r\nk=kept\r\n");
+    // A file name that names no file.
+    EXPECT_FALSE(WritePrivateProfileStringW(u"s", u"k", u"v", u""));
+    EXPECT_FALSE(WritePrivateProfileStringW(u"s", u"k", u"v", u"dir/"));
+    EXPECT_EQ(Get(file, u"s", u"k"), u"kept");
+    EXPECT_EQ(GetPrivateProfileIntW(u"s", u"k", 3, u""), 3u);
 }
 
 TEST_F(IniRules, CopiesIntoTheCallersBufferAsTheOriginalDoes) {
