@@ -102,12 +102,10 @@ BOOL CWinApp::WriteProfileInt(LPCTSTR section, LPCTSTR entry, int value) {
 }
 
 CString CWinApp::GetProfileString(LPCTSTR section, LPCTSTR entry, LPCTSTR defaultValue) {
-    const CString file = ProfileFile();
-    CString value;
-    ::GetPrivateProfileStringW(section, entry, defaultValue ? defaultValue : u"",
-                               value.GetBuffer(kProfileStringBuffer), kProfileStringBuffer, file);
-    value.ReleaseBuffer();
-    return value;
+    WCHAR buffer[kProfileStringBuffer];
+    ::GetPrivateProfileStringW(section, entry, defaultValue ? defaultValue : u"", buffer,
+                               kProfileStringBuffer, ProfileFile());
+    return CString(buffer);
 }
 
 BOOL CWinApp::WriteProfileString(LPCTSTR section, LPCTSTR entry, LPCTSTR value) {
