@@ -33,13 +33,13 @@ std::string Dir() {
 }
 
 std::string KeyName(int i) {
-    char text[16];
+    char text[32];
     std::snprintf(text, sizeof text, "Key%05d", i);
     return text;
 }
 
 std::string Value(int i, char variant = '0') {
-    char text[16];
+    char text[32];
     std::snprintf(text, sizeof text, "Value %05d%c", i, variant);
     return text;
 }

@@ -139,17 +139,10 @@ bool HasLineBreak(std::u16string_view text) {
 
 // Names and values that would not read back as written: line breaks anywhere,
 // ']' in a section name, '=' in a key or a key that would read as a section.
-bool CanWrite(LPCWSTR section, LPCWSTR key, LPCWSTR value) {
-    const std::u16string_view sectionText(section);
-    if (HasLineBreak(sectionText) || sectionText.find(u']') != std::u16string_view::npos)
-        return false;
-    if (key) {
-        const std::u16string_view keyText(key);
-        if (HasLineBreak(keyText) || keyText.find(u'=') != std::u16string_view::npos ||
-            platform::ini::Trim(keyText).starts_with(u'['))
-            return false;
-    }
-    return !value || !HasLineBreak(value);
+bool CanWrite(std::u16string_view section, std::u16string_view key, std::u16string_view value) {
+    return !HasLineBreak(section) && section.find(u']') == std::u16string_view::npos &&
+           !HasLineBreak(key) && key.find(u'=') == std::u16string_view::npos &&
+           !platform::ini::Trim(key).starts_with(u'[') && !HasLineBreak(value);
 }
 
 // Copies text and a terminator into buffer, cut to fit; returns the length copied.
@@ -248,7 +241,8 @@ BOOL WritePrivateProfileStringW(LPCWSTR appName, LPCWSTR keyName, LPCWSTR string
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
     }
-    if (!CanWrite(appName, keyName, string)) {
+    // Deleting needs no check: a name that cannot be stored matches nothing.
+    if (keyName && string && !CanWrite(appName, keyName, string)) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
     }

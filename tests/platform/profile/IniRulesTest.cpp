@@ -126,6 +126,10 @@ TEST_F(IniRules, RefusesNamesAndValuesThatWouldNotReadBack) {
         EXPECT_FALSE(Write(section, key, value));
         EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
     }
+    // Such names cannot be in the file, so deleting them finds nothing to delete.
+    EXPECT_TRUE(Write(u"s", u"[k", nullptr));
+    EXPECT_TRUE(Write(u"s", u"a=b", nullptr));
+    EXPECT_TRUE(Write(u"s]x", nullptr, nullptr));
     EXPECT_EQ(ReadBytes(file), "[s]\r\nk=kept\r\n");
     // A file name that names no file.
     EXPECT_FALSE(WritePrivateProfileStringW(u"s", u"k", u"v", u""));
