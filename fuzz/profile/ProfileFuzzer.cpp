@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <map>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -66,8 +67,18 @@ std::vector<std::u16string> List(LPCWSTR section, LPCWSTR name) {
     return names;
 }
 
-// Names compare with A-Z folded, as the profile compares them.
-bool Same(const std::u16string& a, const std::u16string& b) {
+// Names compare as the profile compares them: without their outer blanks,
+// with A-Z folded.
+bool Same(std::u16string_view a, std::u16string_view b) {
+    auto trim = [](std::u16string_view text) {
+        while (!text.empty() && (text.front() == u' ' || text.front() == u'\t'))
+            text.remove_prefix(1);
+        while (!text.empty() && (text.back() == u' ' || text.back() == u'\t'))
+            text.remove_suffix(1);
+        return text;
+    };
+    a = trim(a);
+    b = trim(b);
     auto fold = [](char16_t c) { return c >= u'A' && c <= u'Z' ? c + 32 : c; };
     if (a.size() != b.size())
         return false;
