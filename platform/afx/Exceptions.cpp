@@ -94,6 +94,10 @@ CString CMemoryException::GetErrorText() const {
     return u"Out of memory.";
 }
 
+CString CInvalidArgException::GetErrorText() const {
+    return u"Encountered an improper argument.";
+}
+
 CFileException::CFileException(int cause, LONG osError, LPCTSTR fileName)
     : m_cause(cause), m_lOsError(osError), m_strFileName(fileName ? fileName : u"") {}
 
@@ -149,6 +153,10 @@ void AfxThrowMemoryException() {
     static CMemoryException s_exception;
     s_exception.m_bAutoDelete = FALSE;
     throw &s_exception;
+}
+
+void AfxThrowInvalidArgException() {
+    throw new CInvalidArgException();
 }
 
 void AfxThrowFileException(int cause, LONG osError, LPCTSTR fileName) {

@@ -3,20 +3,24 @@
 // (the main window's active pop-up, or the main window).
 #include <afxwin.h>
 
-namespace platform::afx {
-
-// The application's main window and name, set by the application object.
-CWnd* g_mainWnd = nullptr;
-const WCHAR* g_appName = nullptr;
-
-} // namespace platform::afx
+#include <string_view>
+#include <unistd.h>
 
 CWnd* AfxGetMainWnd() {
-    return platform::afx::g_mainWnd;
+    CWinApp* app = AfxGetApp();
+    return app ? app->GetMainWnd() : nullptr;
 }
 
 LPCTSTR AfxGetAppName() {
-    return platform::afx::g_appName ? platform::afx::g_appName : u"";
+    // Without an application object the caption is the program's file name.
+    static const CString program = [] {
+        char path[4096];
+        ssize_t n = ::readlink("/proc/self/exe", path, sizeof path - 1);
+        std::string_view full(path, n > 0 ? static_cast<std::size_t>(n) : 0);
+        return platform::FromUtf8(full.substr(full.rfind('/') + 1));
+    }();
+    CWinApp* app = AfxGetApp();
+    return app && app->m_pszAppName ? app->m_pszAppName : program.GetString();
 }
 
 int AfxMessageBox(LPCTSTR text, UINT type, UINT) {

@@ -30,6 +30,13 @@ public:
     CString GetErrorText() const override;
 };
 
+// An argument the framework cannot use (a missing resource, say).
+class CInvalidArgException : public CException {
+public:
+    CInvalidArgException() = default;
+    CString GetErrorText() const override;
+};
+
 class CFileException : public CException {
 public:
     enum {
@@ -82,6 +89,7 @@ public:
 };
 
 [[noreturn]] void AfxThrowMemoryException();
+[[noreturn]] void AfxThrowInvalidArgException();
 [[noreturn]] void AfxThrowFileException(int cause, LONG osError = -1, LPCTSTR fileName = nullptr);
 [[noreturn]] void AfxThrowArchiveException(int cause, LPCTSTR fileName = nullptr);
 

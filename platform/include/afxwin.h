@@ -130,3 +130,4 @@ private:
 #include "afxdialog.h"
 #include "afxdll_.h"
 #include "afxwnd.h"
+#include "afxapp.h"
