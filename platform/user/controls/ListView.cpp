@@ -107,10 +107,12 @@ bool SetState(HWND hwnd, ListViewState& state, int item, UINT bits, UINT mask) {
     return true;
 }
 
-void SetSubItemText(ListRow& row, int subItem, LPCWSTR text) {
+// Room for every column's text is made at once, so filling a row does not
+// grow its vector text by text.
+void SetSubItemText(ListRow& row, int subItem, LPCWSTR text, std::size_t columns) {
     auto index = static_cast<std::size_t>(subItem);
     if (row.texts.size() <= index)
-        row.texts.resize(index + 1);
+        row.texts.resize(std::max(index + 1, columns));
     if (text)
         row.texts[index] = text;
     else
@@ -124,12 +126,12 @@ bool SetItem(HWND hwnd, ListViewState& state, const LVITEMW& in) {
     if (in.iSubItem > 0) {
         if (!(in.mask & LVIF_TEXT))
             return false;
-        SetSubItemText(row, in.iSubItem, in.pszText);
+        SetSubItemText(row, in.iSubItem, in.pszText, state.columns.size());
         InvalidateItem(hwnd, state, in.iItem);
         return true;
     }
     if (in.mask & LVIF_TEXT)
-        SetSubItemText(row, 0, in.pszText);
+        SetSubItemText(row, 0, in.pszText, state.columns.size());
     if (in.mask & LVIF_IMAGE)
         row.image = in.iImage;
     if (in.mask & LVIF_PARAM)
@@ -167,7 +169,7 @@ int InsertItem(HWND hwnd, ListViewState& state, const LVITEMW& in) {
     int index = std::clamp(in.iItem, 0, static_cast<int>(state.rows.size()));
     ListRow row;
     if ((in.mask & LVIF_TEXT) && in.pszText)
-        row.texts.emplace_back(in.pszText);
+        SetSubItemText(row, 0, in.pszText, state.columns.size());
     if (in.mask & LVIF_IMAGE)
         row.image = in.iImage;
     if (in.mask & LVIF_PARAM)
@@ -582,7 +584,8 @@ LRESULT ListMessage(HWND hwnd, ListViewState& state, UINT message, WPARAM wParam
     case LVM_SETITEMTEXTW: {
         if (!item || !state.ValidItem(index) || item->iSubItem < 0)
             return FALSE;
-        SetSubItemText(state.rows[static_cast<std::size_t>(index)], item->iSubItem, item->pszText);
+        SetSubItemText(state.rows[static_cast<std::size_t>(index)], item->iSubItem, item->pszText,
+                       state.columns.size());
         InvalidateItem(hwnd, state, index);
         return TRUE;
     }

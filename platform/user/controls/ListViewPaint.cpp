@@ -62,6 +62,7 @@ void MeasureListView(HWND hwnd, ListViewState& state) {
 void LayoutListView(HWND hwnd, ListViewState& state) {
     RECT client;
     GetClientRect(hwnd, &client);
+    state.client = client;
     auto style = static_cast<DWORD>(GetWindowLongPtr(hwnd, GWL_STYLE));
     bool shown = !(style & LVS_NOCOLUMNHEADER);
     if (!shown)
@@ -100,12 +101,11 @@ int TotalColumnWidth(const ListViewState& state) {
 void InvalidateItem(HWND hwnd, const ListViewState& state, int item) {
     if (item < state.top)
         return;
-    RECT client;
-    GetClientRect(hwnd, &client);
-    int y = state.headerHeight + (item - state.top) * state.rowHeight;
+    const RECT& client = state.client;
+    long long y = state.headerHeight + static_cast<long long>(item - state.top) * state.rowHeight;
     if (y >= client.bottom)
         return;
-    RECT row{0, y, client.right, y + state.rowHeight};
+    RECT row{0, static_cast<int>(y), client.right, static_cast<int>(y) + state.rowHeight};
     InvalidateRect(hwnd, &row, TRUE);
 }
 

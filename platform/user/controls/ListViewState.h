@@ -36,6 +36,7 @@ struct ListViewState {
     int top = 0;      // first visible row
     int rowHeight = 17;
     int headerHeight = 24;
+    RECT client{}; // kept at each layout, so item invalidation needs no query
     bool hasFocus = false;
     int pressedItem = -2; // item under the last left-button press (-1 none, -2 no press)
     int pressedSubItem = -1;
