@@ -68,6 +68,8 @@ public:
     UINT GetSelectedCount() const;
     POSITION GetFirstSelectedItemPosition() const;
     int GetNextSelectedItem(POSITION& position) const;
+    // Orders the items by their item data; the sort is stable, so items the
+    // comparison calls equal keep the order they had.
     BOOL SortItems(PFNLVCOMPARE compare, DWORD_PTR data);
     BOOL EnsureVisible(int item, BOOL partialOK);
     DWORD SetExtendedStyle(DWORD exStyle);

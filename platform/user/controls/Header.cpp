@@ -224,6 +224,8 @@ void Paint(HWND hwnd, const HeaderState& state) {
 }
 
 void TrackTo(HWND hwnd, HeaderState& state, int x) {
+    if (state.tracking >= static_cast<int>(state.items.size()))
+        return;
     HDITEMW change{};
     change.mask = HDI_WIDTH;
     change.cxy = std::max(0, x - state.trackStart);
@@ -261,6 +263,9 @@ void OnButtonUp(HWND hwnd, HeaderState& state, POINT point) {
         TrackTo(hwnd, state, point.x);
         state.tracking = -1;
         ReleaseCapture();
+        // A handler of the track notifications may have removed the column.
+        if (item >= static_cast<int>(state.items.size()))
+            return;
         HDITEMW final{};
         final.mask = HDI_WIDTH;
         final.cxy = state.items[static_cast<std::size_t>(item)].width;

@@ -29,6 +29,7 @@ public:
     std::vector<Notice> notices;
     std::vector<int> columnClicks; // through the parent's ON_NOTIFY map
     std::vector<UINT> headerCodes;
+    bool deleteColumnOnTrack = false; // removes the dragged column mid-drag
 
     void OnColumnClick(NMHDR* header, LRESULT* result) {
         columnClicks.push_back(reinterpret_cast<NMLISTVIEW*>(header)->iSubItem);
@@ -38,10 +39,15 @@ public:
 protected:
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
         auto* header = reinterpret_cast<NMHDR*>(lParam);
-        if (header->code >= HDN_TRACKW && header->code <= HDN_ITEMCHANGINGW)
+        if (header->code >= HDN_TRACKW && header->code <= HDN_ITEMCHANGINGW) {
             headerCodes.push_back(header->code);
-        else if (header->code == LVN_ITEMCHANGED || header->code == NM_CLICK ||
-                 header->code == LVN_COLUMNCLICK || header->code == NM_DBLCLK) {
+            if (header->code == HDN_TRACKW && deleteColumnOnTrack) {
+                deleteColumnOnTrack = false;
+                ::SendMessage(::GetParent(header->hwndFrom), LVM_DELETECOLUMN,
+                              static_cast<WPARAM>(reinterpret_cast<NMHEADER*>(header)->iItem), 0);
+            }
+        } else if (header->code == LVN_ITEMCHANGED || header->code == NM_CLICK ||
+                   header->code == LVN_COLUMNCLICK || header->code == NM_DBLCLK) {
             auto* nm = reinterpret_cast<NMLISTVIEW*>(lParam);
             notices.push_back(Notice{header->code, nm->iItem, nm->iSubItem, nm->uNewState,
                                      nm->uOldState, nm->uChanged});

@@ -46,6 +46,17 @@ TEST_F(ListTest, DraggingADividerWidensTheColumn) {
     EXPECT_EQ(list.GetColumnWidth(0), 0);
 }
 
+TEST_F(ListTest, AColumnRemovedDuringADragEndsTheDrag) {
+    Create(0, 3, 2);
+    parent.deleteColumnOnTrack = true;
+    automation::DragHeaderDivider(kListId, 2, 20);
+    RunUser();
+    EXPECT_EQ(list.GetHeaderCtrl()->GetItemCount(), 2);
+    EXPECT_EQ(list.GetColumnWidth(0), 100);
+    EXPECT_EQ(list.GetColumnWidth(1), 100);
+    EXPECT_EQ(std::count(parent.headerCodes.begin(), parent.headerCodes.end(), HDN_ENDTRACKW), 0);
+}
+
 TEST_F(ListTest, ClicksSelectAndCtrlClicksToggle) {
     Create(0, 2, 5);
     automation::ClickListItem(kListId, 1);
