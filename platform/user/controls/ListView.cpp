@@ -107,6 +107,21 @@ bool SetState(HWND hwnd, ListViewState& state, int item, UINT bits, UINT mask) {
     return true;
 }
 
+// Sub-items a column can show: texts beyond them are refused, so a wild
+// sub-item number cannot make every row grow without bound.
+constexpr int kMaxColumnSubItem = 1024;
+
+bool SubItemInRange(const ListViewState& state, int subItem) {
+    if (subItem < 0)
+        return false;
+    if (subItem < static_cast<int>(state.columns.size()))
+        return true;
+    for (const ListColumn& column : state.columns)
+        if (column.subItem >= subItem)
+            return true;
+    return subItem == 0;
+}
+
 // Room for every column's text is made at once, so filling a row does not
 // grow its vector text by text.
 void SetSubItemText(ListRow& row, int subItem, LPCWSTR text, std::size_t columns) {
@@ -124,7 +139,7 @@ bool SetItem(HWND hwnd, ListViewState& state, const LVITEMW& in) {
         return false;
     ListRow& row = state.rows[static_cast<std::size_t>(in.iItem)];
     if (in.iSubItem > 0) {
-        if (!(in.mask & LVIF_TEXT))
+        if (!(in.mask & LVIF_TEXT) || !SubItemInRange(state, in.iSubItem))
             return false;
         SetSubItemText(row, in.iSubItem, in.pszText, state.columns.size());
         InvalidateItem(hwnd, state, in.iItem);
@@ -375,6 +390,8 @@ int ColumnCount(const ListViewState& state) {
 
 int InsertColumn(HWND hwnd, ListViewState& state, int index, const LVCOLUMNW& in) {
     index = std::clamp(index, 0, ColumnCount(state));
+    if ((in.mask & LVCF_SUBITEM) && (in.iSubItem < 0 || in.iSubItem >= kMaxColumnSubItem))
+        return -1;
     HDITEMW item{};
     item.mask = HDI_FORMAT | HDI_WIDTH;
     // The first column is always left-aligned.
@@ -458,6 +475,8 @@ bool SetColumn(HWND hwnd, ListViewState& state, int index, const LVCOLUMNW& in) 
         item.mask |= HDI_ORDER;
         item.iOrder = in.iOrder;
     }
+    if ((in.mask & LVCF_SUBITEM) && (in.iSubItem < 0 || in.iSubItem >= kMaxColumnSubItem))
+        return false;
     ListColumn& column = state.columns[static_cast<std::size_t>(index)];
     if (in.mask & LVCF_SUBITEM)
         column.subItem = std::max(0, in.iSubItem);
@@ -559,7 +578,8 @@ LRESULT ListMessage(HWND hwnd, ListViewState& state, UINT message, WPARAM wParam
     case LVM_GETITEMCOUNT:
         return static_cast<LRESULT>(state.rows.size());
     case LVM_SETITEMCOUNT:
-        state.rows.reserve(wParam);
+        // Only a hint: room is made for at most a million rows ahead.
+        state.rows.reserve(std::min<std::size_t>(wParam, std::size_t{1} << 20));
         return TRUE;
     case LVM_INSERTITEMW:
         return item ? InsertItem(hwnd, state, *item) : -1;
@@ -582,7 +602,7 @@ LRESULT ListMessage(HWND hwnd, ListViewState& state, UINT message, WPARAM wParam
         return copied;
     }
     case LVM_SETITEMTEXTW: {
-        if (!item || !state.ValidItem(index) || item->iSubItem < 0)
+        if (!item || !state.ValidItem(index) || !SubItemInRange(state, item->iSubItem))
             return FALSE;
         SetSubItemText(state.rows[static_cast<std::size_t>(index)], item->iSubItem, item->pszText,
                        state.columns.size());

@@ -87,6 +87,18 @@ TEST_F(ListTest, ItemTextIsCutToTheBufferAndReturnsItsLength) {
     EXPECT_EQ(list.GetItemText(0, 0).GetLength(), 255);
 }
 
+TEST_F(ListTest, WildNumbersAreRefusedWithoutGrowingTheList) {
+    Create(0, 2, 1);
+    EXPECT_FALSE(list.SetItemText(0, 0x7FFFFFFF, u"far"));
+    EXPECT_FALSE(list.SetItemText(0, 2, u"no column shows it"));
+    EXPECT_FALSE(list.SetItemText(0, -1, u"negative"));
+    EXPECT_EQ(list.InsertColumn(2, u"far", LVCFMT_LEFT, 10, 0x7FFFFFF0), -1);
+    EXPECT_EQ(list.InsertColumn(2, u"near", LVCFMT_LEFT, 10, 5), 2);
+    EXPECT_TRUE(list.SetItemText(0, 5, u"shown by column 2"));
+    EXPECT_TRUE(list.SendMessage(LVM_SETITEMCOUNT, static_cast<WPARAM>(-1), 0));
+    EXPECT_EQ(list.GetItemCount(), 1);
+}
+
 TEST_F(ListTest, StateChangesOnlyTheMaskedBitsAndReportsEachChange) {
     Create(0, 1, 3);
     ASSERT_TRUE(
