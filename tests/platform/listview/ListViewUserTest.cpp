@@ -105,6 +105,33 @@ TEST_F(ListTest, ArrowKeysMoveFocusAndSelectionAndScroll) {
     EXPECT_EQ(list.SendMessage(LVM_GETTOPINDEX), 2);
 }
 
+TEST_F(ListTest, ADoubleClickNamesItsItem) {
+    Create(0, 2, 3);
+    RECT rect{};
+    rect.left = LVIR_BOUNDS;
+    list.SendMessage(LVM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&rect));
+    list.SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(150, rect.top + 2));
+    ASSERT_FALSE(parent.notices.empty());
+    EXPECT_EQ(parent.notices.back().code, NM_DBLCLK);
+    EXPECT_EQ(parent.notices.back().item, 1);
+    EXPECT_EQ(parent.notices.back().subItem, 1);
+}
+
+TEST_F(ListTest, ASelectionHidesWhenTheListLosesTheFocus) {
+    Create(0, 2, 3);
+    list.SetFocus();
+    list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
+    platform::PumpMessages();
+    RECT rect{};
+    rect.left = LVIR_BOUNDS;
+    list.SendMessage(LVM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&rect));
+    CClientDC dc(&list);
+    EXPECT_EQ(dc.GetPixel(rect.left + 2, rect.top + 2), GetSysColor(COLOR_HIGHLIGHT));
+    parent.SetFocus();
+    platform::PumpMessages();
+    EXPECT_EQ(dc.GetPixel(rect.left + 2, rect.top + 2), GetSysColor(COLOR_WINDOW));
+}
+
 TEST_F(ListTest, HitTestFindsItemAndColumn) {
     Create(LVS_SHOWSELALWAYS, 3, 3);
     RECT rect{};
