@@ -52,6 +52,19 @@ struct ListViewState {
     bool ValidItem(int item) const { return item >= 0 && item < static_cast<int>(rows.size()); }
 };
 
+// The largest sub-item number a column may show.
+constexpr int kMaxColumnSubItem = 1024;
+
+// Column messages (ListViewColumns.cpp); false or -1 for a missing column.
+int InsertColumn(HWND hwnd, ListViewState& state, int index, const LVCOLUMNW& in);
+bool GetColumn(const ListViewState& state, int index, LVCOLUMNW& out);
+bool SetColumn(HWND hwnd, ListViewState& state, int index, const LVCOLUMNW& in);
+// Removes the column and its sub-item's texts; later sub-items move down.
+bool DeleteColumn(HWND hwnd, ListViewState& state, int index);
+int ColumnWidth(const ListViewState& state, int index);
+// LVSCW_AUTOSIZE fits the texts, LVSCW_AUTOSIZE_USEHEADER the heading too.
+bool SetColumnWidth(HWND hwnd, ListViewState& state, int index, int width);
+
 // Layout and painting (ListViewPaint.cpp).
 void MeasureListView(HWND hwnd, ListViewState& state);
 void LayoutListView(HWND hwnd, ListViewState& state);
