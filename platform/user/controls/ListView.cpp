@@ -480,6 +480,17 @@ LRESULT ListMessage(HWND hwnd, ListViewState& state, UINT message, WPARAM wParam
     case LVM_ENSUREVISIBLE:
         EnsureVisible(hwnd, state, index);
         return state.ValidItem(index);
+    case LVM_SCROLL: {
+        // lParam pixels down (negative: up), in whole rows, never past the end.
+        int rows = static_cast<int>(lParam) / state.rowHeight;
+        int last = std::max(0, static_cast<int>(state.rows.size()) - RowsPerPage(hwnd, state));
+        int top = std::clamp(state.top + rows, 0, last);
+        if (top != state.top) {
+            state.top = top;
+            InvalidateRect(hwnd, nullptr, TRUE);
+        }
+        return TRUE;
+    }
     case LVM_GETTOPINDEX:
         return state.top;
     case LVM_GETCOUNTPERPAGE:

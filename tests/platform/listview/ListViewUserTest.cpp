@@ -105,6 +105,24 @@ TEST_F(ListTest, ArrowKeysMoveFocusAndSelectionAndScroll) {
     EXPECT_EQ(list.SendMessage(LVM_GETTOPINDEX), 2);
 }
 
+TEST_F(ListTest, ScrollingMovesByWholeRowsWithinTheList) {
+    Create(0, 1, 40);
+    RECT rect{};
+    rect.left = LVIR_BOUNDS;
+    list.SendMessage(LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&rect));
+    int rowHeight = rect.bottom - rect.top;
+    ASSERT_GT(rowHeight, 0);
+    list.SendMessage(LVM_SCROLL, 0, 5 * rowHeight + 1);
+    EXPECT_EQ(list.SendMessage(LVM_GETTOPINDEX), 5);
+    list.SendMessage(LVM_SCROLL, 0, -2 * rowHeight);
+    EXPECT_EQ(list.SendMessage(LVM_GETTOPINDEX), 3);
+    list.SendMessage(LVM_SCROLL, 0, 1000 * rowHeight);
+    int page = static_cast<int>(list.SendMessage(LVM_GETCOUNTPERPAGE));
+    EXPECT_EQ(list.SendMessage(LVM_GETTOPINDEX), 40 - page);
+    list.SendMessage(LVM_SCROLL, 0, -1000 * rowHeight);
+    EXPECT_EQ(list.SendMessage(LVM_GETTOPINDEX), 0);
+}
+
 TEST_F(ListTest, ADoubleClickNamesItsItem) {
     Create(0, 2, 3);
     RECT rect{};
