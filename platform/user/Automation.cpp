@@ -4,6 +4,8 @@
 
 #include <platform/Automation.h>
 
+#include <commctrl.h>
+
 #include <deque>
 
 namespace platform::automation {
@@ -209,6 +211,96 @@ int CancelsForWantOfActions() {
 void NoteCancelled(HWND modal) {
     ++Current().cancels;
     Note("no action left: cancelled " + Describe(modal));
+}
+
+} // namespace platform::automation
+
+// List view actions.
+namespace platform::automation {
+
+namespace {
+
+HWND FindList(UINT listId, const char* action) {
+    HWND active = GetActiveWindow();
+    HWND list = active ? FindControl(active, listId) : nullptr;
+    if (!list || !IsWindowVisible(list) || !IsWindowEnabled(list)) {
+        Note(std::string(action) + " " + std::to_string(listId) + ": no list that can be used");
+        return nullptr;
+    }
+    return list;
+}
+
+bool HeaderItemRect(HWND list, int column, HWND* header, RECT* rect) {
+    *header = reinterpret_cast<HWND>(SendMessage(list, LVM_GETHEADER, 0, 0));
+    return *header && IsWindowVisible(*header) &&
+           SendMessage(*header, HDM_GETITEMRECT, static_cast<WPARAM>(column),
+                       reinterpret_cast<LPARAM>(rect));
+}
+
+} // namespace
+
+void ClickHeader(UINT listId, int column) {
+    Queue([listId, column] {
+        HWND list = FindList(listId, "header click");
+        HWND header = nullptr;
+        RECT rect{};
+        if (!list)
+            return;
+        if (!HeaderItemRect(list, column, &header, &rect)) {
+            Note("header click " + std::to_string(listId) + ": no column " +
+                 std::to_string(column));
+            return;
+        }
+        Note("header click " + std::to_string(listId) + " column " + std::to_string(column));
+        PostClick(header, POINT{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2});
+    });
+}
+
+void DragHeaderDivider(UINT listId, int column, int dx) {
+    Queue([listId, column, dx] {
+        HWND list = FindList(listId, "header drag");
+        HWND header = nullptr;
+        RECT rect{};
+        if (!list)
+            return;
+        if (!HeaderItemRect(list, column, &header, &rect)) {
+            Note("header drag " + std::to_string(listId) + ": no column " + std::to_string(column));
+            return;
+        }
+        Note("header drag " + std::to_string(listId) + " column " + std::to_string(column) +
+             " by " + std::to_string(dx));
+        int y = (rect.top + rect.bottom) / 2;
+        PostMessage(header, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(rect.right, y));
+        PostMessage(header, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(rect.right + dx / 2, y));
+        PostMessage(header, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(rect.right + dx, y));
+        PostMessage(header, WM_LBUTTONUP, 0, MAKELPARAM(rect.right + dx, y));
+    });
+}
+
+void ClickListItem(UINT listId, int item, bool ctrl) {
+    Queue([listId, item, ctrl] {
+        HWND list = FindList(listId, "list click");
+        if (!list)
+            return;
+        SendMessage(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(item), FALSE);
+        RECT rect{};
+        rect.left = LVIR_LABEL;
+        if (!SendMessage(list, LVM_GETITEMRECT, static_cast<WPARAM>(item),
+                         reinterpret_cast<LPARAM>(&rect))) {
+            Note("list click " + std::to_string(listId) + ": no item " + std::to_string(item));
+            return;
+        }
+        Note("list click " + std::to_string(listId) + " item " + std::to_string(item) +
+             (ctrl ? " with ctrl" : ""));
+        LPARAM where = MAKELPARAM((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+        WPARAM keys = ctrl ? MK_CONTROL : 0;
+        if (ctrl)
+            PostMessage(list, WM_KEYDOWN, VK_CONTROL, 1);
+        PostMessage(list, WM_LBUTTONDOWN, MK_LBUTTON | keys, where);
+        PostMessage(list, WM_LBUTTONUP, keys, where);
+        if (ctrl)
+            PostMessage(list, WM_KEYUP, VK_CONTROL, static_cast<LPARAM>(0xC0000001u));
+    });
 }
 
 } // namespace platform::automation

@@ -45,3 +45,18 @@ int CancelsForWantOfActions();
 void NoteCancelled(HWND modal);
 
 } // namespace platform::automation
+
+namespace platform::automation {
+
+// List view actions, each as mouse messages a user's hand would make on the
+// list with this id in the active window.
+// A click in the middle of a column's heading.
+void ClickHeader(UINT listId, int column);
+// Presses on the divider at the right of a column's heading, moves dx
+// pixels (in two steps) and releases: the column gets wider by dx.
+void DragHeaderDivider(UINT listId, int column, int dx);
+// Scrolls the item into view and clicks its first column, with Ctrl held
+// if asked.
+void ClickListItem(UINT listId, int item, bool ctrl = false);
+
+} // namespace platform::automation

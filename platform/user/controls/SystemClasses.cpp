@@ -6,6 +6,8 @@ namespace platform::user {
 
 void RegisterButtonClass();
 void RegisterStaticClass();
+void RegisterHeaderClass();
+void RegisterListViewClass();
 
 void RegisterSystemClasses() {
     static bool registered = false;
@@ -14,6 +16,8 @@ void RegisterSystemClasses() {
     registered = true;
     RegisterButtonClass();
     RegisterStaticClass();
+    RegisterHeaderClass();
+    RegisterListViewClass();
 }
 
 } // namespace platform::user
