@@ -83,10 +83,15 @@ void ReleaseSelections(DeviceContext& dc) {
 } // namespace
 
 HDC CreateDesktopDC(POINT origin, RECT clip, HWND window) {
+    return CreateSurfaceDC(DesktopSurface(), origin, clip, window);
+}
+
+HDC CreateSurfaceDC(cairo_surface_t* surface, POINT origin, RECT clip, HWND window) {
     auto* dc = new DeviceContext(DcKind::Screen);
-    dc->surface = DesktopSurface();
+    dc->surface = surface;
     dc->origin = origin;
-    RECT bounds{0, 0, kDesktopWidth, kDesktopHeight};
+    RECT bounds{0, 0, cairo_image_surface_get_width(surface),
+                cairo_image_surface_get_height(surface)};
     dc->clip = RECT{std::max(clip.left, bounds.left), std::max(clip.top, bounds.top),
                     std::min(clip.right, bounds.right), std::min(clip.bottom, bounds.bottom)};
     if (dc->clip.right < dc->clip.left)
@@ -170,6 +175,12 @@ HDC GetDC(HWND hwnd) {
     if (!hwnd)
         return CreateDesktopDC(POINT{0, 0}, RECT{0, 0, kDesktopWidth, kDesktopHeight}, nullptr);
     return platform::user::GetClientDC(hwnd, nullptr);
+}
+
+HDC GetWindowDC(HWND hwnd) {
+    if (!hwnd)
+        return GetDC(nullptr);
+    return platform::user::GetWholeWindowDC(hwnd);
 }
 
 int ReleaseDC(HWND hwnd, HDC hdc) {

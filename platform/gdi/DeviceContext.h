@@ -65,6 +65,8 @@ void SetSource(DeviceContext& dc, COLORREF color);
 // A DC that draws onto the desktop surface at origin (device pixels), clipped
 // to clip (device pixels).
 HDC CreateDesktopDC(POINT origin, RECT clip, HWND window);
+// The same on another image surface (not owned), for off-screen pictures.
+HDC CreateSurfaceDC(cairo_surface_t* surface, POINT origin, RECT clip, HWND window);
 cairo_surface_t* DesktopSurface();
 constexpr int kDesktopWidth = 1280;
 constexpr int kDesktopHeight = 1024;
@@ -78,4 +80,6 @@ JournalEntry& Record(DeviceContext& dc, const char* op);
 namespace platform::user {
 // The window system's DC for a window's client area, clipped to clip when given.
 HDC GetClientDC(HWND hwnd, const RECT* clip);
+// The same for the whole window, its frame included.
+HDC GetWholeWindowDC(HWND hwnd);
 } // namespace platform::user

@@ -11,7 +11,7 @@ WindowManager& Manager() {
 }
 
 RECT ClientRect(const Window* window) {
-    return RECT{0, 0, window->Width(), window->Height()};
+    return RECT{0, 0, window->ClientWidth(), window->ClientHeight()};
 }
 
 } // namespace
