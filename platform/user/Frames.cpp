@@ -89,8 +89,11 @@ void UpdateFrame(Window* window) {
 }
 
 void RedrawFrame(Window* window) {
-    if (window->HasFrame() && WindowManager::Instance().IsShown(window))
+    window->ncDirty = window->HasFrame();
+    if (window->ncDirty && WindowManager::Instance().IsShown(window)) {
+        window->ncDirty = false;
         SendMessage(window->handle, WM_NCPAINT, 1, 0);
+    }
 }
 
 } // namespace platform::user

@@ -19,25 +19,51 @@ using user::WindowManager;
 // The desktop has no wallpaper: it is the white it starts as.
 constexpr double kDesktopGrey = 1.0;
 
+// What a window has pending: its update region and whether its frame needs
+// drawing. Pictures put it back, since they paint off the desktop.
+struct Pending {
+    HWND hwnd;
+    bool hasUpdate;
+    RECT update;
+    bool erase;
+    bool ncDirty;
+};
+
+void SavePending(const Window* window, std::vector<Pending>& saved) {
+    saved.push_back(
+        Pending{window->handle, window->hasUpdate, window->update, window->erase, window->ncDirty});
+    for (const Window* child : window->children)
+        SavePending(child, saved);
+}
+
+void RestorePending(const std::vector<Pending>& saved) {
+    for (const Pending& pending : saved)
+        if (Window* window = WindowManager::Instance().Find(pending.hwnd)) {
+            window->hasUpdate = pending.hasUpdate;
+            window->update = pending.update;
+            window->erase = pending.erase;
+            window->ncDirty = pending.ncDirty;
+        }
+}
+
+// Paints the window, then its shown children from the bottom of the z-order
+// up, each frame first.
 void PaintSubtree(Window* window, const Window* root) {
     WindowManager& manager = WindowManager::Instance();
     if (window != root && !window->visible)
         return;
     HWND hwnd = window->handle;
-    const bool hadUpdate = window->hasUpdate;
-    const RECT update = window->update;
-    const bool erase = window->erase;
+    window->ncDirty = false;
     if (window->HasFrame())
         SendMessage(hwnd, WM_NCPAINT, 1, 0);
     if (!manager.Find(hwnd))
         return;
-    InvalidateRect(hwnd, nullptr, TRUE);
+    window->hasUpdate = true;
+    window->update = RECT{0, 0, window->ClientWidth(), window->ClientHeight()};
+    window->erase = true;
     SendMessage(hwnd, WM_PAINT, 0, 0);
     if (!manager.Find(hwnd))
         return;
-    window->hasUpdate = hadUpdate;
-    window->update = update;
-    window->erase = erase;
     // Copy the list: a paint handler may create or destroy windows.
     std::vector<HWND> children;
     for (auto it = window->children.rbegin(); it != window->children.rend(); ++it)
@@ -45,6 +71,17 @@ void PaintSubtree(Window* window, const Window* root) {
     for (HWND child : children)
         if (Window* record = manager.Find(child))
             PaintSubtree(record, root);
+}
+
+// Paints the subtree onto surface, the desktop point offset at its (0, 0).
+void Picture(Window* window, cairo_surface_t* surface, POINT offset) {
+    std::vector<Pending> saved;
+    SavePending(window, saved);
+    {
+        user::ScopedRedirection redirect(window, surface, offset);
+        PaintSubtree(window, window);
+    }
+    RestorePending(saved);
 }
 
 bool Write(cairo_surface_t* surface, const std::string& path) {
@@ -73,10 +110,7 @@ bool SaveWindowAsPng(HWND hwnd, const std::string& path) {
     if (window->Width() <= 0 || window->Height() <= 0)
         return false;
     cairo_surface_t* surface = NewSurface(window->Width(), window->Height());
-    {
-        user::ScopedRedirection redirect(window, surface, manager.WindowOrigin(window));
-        PaintSubtree(window, window);
-    }
+    Picture(window, surface, manager.WindowOrigin(window));
     return Write(surface, path);
 }
 
@@ -91,10 +125,8 @@ bool SaveDesktopAsPng(const std::string& path) {
             windows.push_back((*it)->handle);
     for (HWND hwnd : windows) {
         Window* window = manager.Find(hwnd);
-        if (!window)
-            continue;
-        user::ScopedRedirection redirect(window, surface, POINT{0, 0});
-        PaintSubtree(window, window);
+        if (window)
+            Picture(window, surface, POINT{0, 0});
     }
     return Write(surface, path);
 }

@@ -51,6 +51,8 @@ struct Window {
     bool hasUpdate = false;
     RECT update{};
     bool erase = false;
+    // Whether the frame needs drawing again: BeginPaint then sends WM_NCPAINT.
+    bool ncDirty = false;
 
     int Width() const { return rect.right - rect.left; }
     int Height() const { return rect.bottom - rect.top; }

@@ -242,8 +242,8 @@ BOOL ShowWindow(HWND hwnd, int command) {
     window->visible = show;
     if (show) {
         window->style |= WS_VISIBLE;
-        InvalidateRect(hwnd, nullptr, TRUE);
         platform::user::RedrawFrame(window);
+        InvalidateRect(hwnd, nullptr, TRUE);
         // Showing a top-level window activates it, unless asked not to.
         bool activate = command != SW_SHOWNA && command != SW_SHOWNOACTIVATE &&
                         command != SW_SHOWMINNOACTIVE && command != SW_MINIMIZE;
