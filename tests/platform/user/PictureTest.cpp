@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <platform/MessagePump.h>
+#include <platform/ResourceTemplates.h>
 #include <platform/WindowPictures.h>
 
 #include <wingdi.h>
@@ -195,7 +196,7 @@ TEST_F(PictureTest, TheDesktopPictureStacksWindowsInZOrderWhateverPaintedLast) {
     RedrawWindow(panel, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
     ASSERT_EQ(Screen(covered.x, covered.y), kBlue);
 
-    const std::string path = Path("desktop.png");
+    const std::string path = Path("desktop-stacked.png");
     ASSERT_TRUE(platform::SaveDesktopAsPng(path));
     Picture desktop;
     ASSERT_TRUE(Read(path, desktop));
@@ -205,13 +206,13 @@ TEST_F(PictureTest, TheDesktopPictureStacksWindowsInZOrderWhateverPaintedLast) {
     EXPECT_EQ(desktop.At(100 + 3 + 20, 100 + 26 + 20), kBlue);
     // Raising the lower window puts it on top in the next picture.
     SetWindowPos(lower, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-    ASSERT_TRUE(platform::SaveDesktopAsPng(path));
-    ASSERT_TRUE(Read(path, desktop));
+    ASSERT_TRUE(platform::SaveDesktopAsPng(Path("desktop-raised.png")));
+    ASSERT_TRUE(Read(Path("desktop-raised.png"), desktop));
     EXPECT_EQ(desktop.At(covered.x, covered.y), kBlue);
     // A hidden window is not in the picture.
     ShowWindow(lower, SW_HIDE);
-    ASSERT_TRUE(platform::SaveDesktopAsPng(path));
-    ASSERT_TRUE(Read(path, desktop));
+    ASSERT_TRUE(platform::SaveDesktopAsPng(Path("desktop-hidden.png")));
+    ASSERT_TRUE(Read(Path("desktop-hidden.png"), desktop));
     EXPECT_EQ(desktop.At(covered.x, covered.y), kOrange);
     EXPECT_EQ(desktop.At(100 + 3 + 20, 100 + 26 + 20), RGB(255, 255, 255));
 }
@@ -222,6 +223,63 @@ TEST_F(PictureTest, PendingPaintsSurviveThePicture) {
     RECT update;
     EXPECT_TRUE(GetUpdateRect(panel, &update, FALSE));
     EXPECT_FALSE(GetUpdateRect(lower, &update, FALSE));
+}
+
+INT_PTR QuietDialogProc(HWND, UINT message, WPARAM, LPARAM) {
+    return message == WM_INITDIALOG ? TRUE : FALSE;
+}
+
+platform::DialogItemTemplate Item(const char16_t* cls, const char16_t* text, UINT id, DWORD style,
+                                  short x, short y, short cx, short cy) {
+    platform::DialogItemTemplate item;
+    item.className = cls;
+    item.text = text;
+    item.id = id;
+    item.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | style;
+    item.x = x;
+    item.y = y;
+    item.cx = cx;
+    item.cy = cy;
+    return item;
+}
+
+TEST_F(PictureTest, ADialogsPictureHasItsCaptionAndControls) {
+    platform::DialogTemplate t;
+    t.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_SETFONT | WS_VISIBLE;
+    t.caption = u"Export options";
+    t.pointSize = 8;
+    t.faceName = u"MS Shell Dlg";
+    t.x = 300;
+    t.y = 300;
+    t.cx = 180;
+    t.cy = 70;
+    t.items.push_back(Item(u"STATIC", u"Write the list to a file:", 0xFFFF, SS_LEFT, 7, 7, 120, 8));
+    t.items.push_back(Item(u"BUTTON", u"Include headings", 10, BS_AUTOCHECKBOX, 7, 22, 100, 10));
+    t.items.push_back(Item(u"BUTTON", u"OK", IDOK, BS_DEFPUSHBUTTON, 69, 49, 50, 14));
+    t.items.push_back(Item(u"BUTTON", u"Cancel", IDCANCEL, BS_PUSHBUTTON, 123, 49, 50, 14));
+    HWND dialog = CreateDialogIndirectParam(nullptr, &t, nullptr, QuietDialogProc, 0);
+    ASSERT_NE(dialog, nullptr);
+    platform::PumpMessages();
+    const std::string path = Path("dialog.png");
+    ASSERT_TRUE(platform::SaveWindowAsPng(dialog, path));
+    Picture picture;
+    ASSERT_TRUE(Read(path, picture));
+    RECT window, client;
+    GetWindowRect(dialog, &window);
+    GetClientRect(dialog, &client);
+    EXPECT_EQ(picture.width, window.right - window.left);
+    EXPECT_EQ(picture.height, window.bottom - window.top);
+    EXPECT_EQ(picture.width, client.right + 6);
+    EXPECT_TRUE(SameAsDesktop(picture, POINT{window.left, window.top}));
+    // The default button sits at its template place in the client area: its
+    // accent border, then its face.
+    RECT ok;
+    GetWindowRect(GetDlgItem(dialog, IDOK), &ok);
+    const int x = ok.left - window.left, y = ok.top - window.top + 10;
+    EXPECT_EQ(picture.At(x - 1, y), GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(picture.At(x, y), RGB(0, 120, 215));
+    EXPECT_EQ(picture.At(x + 3, y), RGB(225, 225, 225));
+    DestroyWindow(dialog);
 }
 
 TEST_F(PictureTest, WhatCannotBePicturedGivesFalse) {
