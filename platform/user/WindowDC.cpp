@@ -4,6 +4,8 @@
 
 #include "gdi/DeviceContext.h"
 
+#include <vector>
+
 namespace platform::user {
 namespace {
 
@@ -37,6 +39,24 @@ bool Shown(const Window* window, const Window* root) {
     return true;
 }
 
+// The desktop rectangles of the shown top-level windows above the window's
+// own top-level window that overlap area: a window never draws over them.
+std::vector<RECT> WindowsAbove(Window* window, const RECT& area) {
+    std::vector<RECT> above;
+    WindowManager& manager = WindowManager::Instance();
+    Window* top = manager.TopLevel(window);
+    if (!top || IsEmpty(area))
+        return above;
+    for (Window* other : manager.TopLevel()) {
+        if (other == top)
+            break;
+        RECT overlap = Intersect(other->rect, area);
+        if (other->visible && !IsEmpty(overlap))
+            above.push_back(overlap);
+    }
+    return above;
+}
+
 HDC CreateDC(HWND hwnd, bool whole, const RECT* clip) {
     WindowManager& manager = WindowManager::Instance();
     Window* window = manager.Find(hwnd);
@@ -51,8 +71,11 @@ HDC CreateDC(HWND hwnd, bool whole, const RECT* clip) {
     if (clip)
         visible = Intersect(visible, RECT{clip->left + origin.x, clip->top + origin.y,
                                           clip->right + origin.x, clip->bottom + origin.y});
-    if (!redirected)
-        return gdi::CreateDesktopDC(origin, visible, hwnd);
+    if (!redirected) {
+        HDC hdc = gdi::CreateDesktopDC(origin, visible, hwnd);
+        gdi::ExcludeFromClip(hdc, WindowsAbove(window, visible));
+        return hdc;
+    }
     POINT offset = redirection.offset;
     origin = POINT{origin.x - offset.x, origin.y - offset.y};
     if (!IsEmpty(visible))

@@ -1,6 +1,7 @@
 // Pictures of windows and of the desktop: read back with Cairo and compared
 // pixel for pixel with what the desktop shows, whole even under another
-// window, and stacked in z-order whatever painted last.
+// window, and stacked in z-order whatever the screen shows; a lower window
+// never draws over the windows above it.
 #include <windows.h>
 
 #include <platform/MessagePump.h>
@@ -188,13 +189,40 @@ TEST_F(PictureTest, AWindowUnderAnotherIsPicturedWhole) {
     EXPECT_EQ(Screen(covered.x, covered.y), kOrange);
 }
 
-TEST_F(PictureTest, TheDesktopPictureStacksWindowsInZOrderWhateverPaintedLast) {
+TEST_F(PictureTest, ALowerWindowNeverDrawsOverTheWindowsAboveIt) {
     CoverWithUpper();
     POINT covered = Covered();
-    // The lower window repaints last on the shared desktop and draws over the
-    // upper one there.
     RedrawWindow(panel, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-    ASSERT_EQ(Screen(covered.x, covered.y), kBlue);
+    EXPECT_EQ(Screen(covered.x, covered.y), kOrange);
+    // Not even through its own device context.
+    HDC hdc = GetWindowDC(lower);
+    RECT all{0, 0, 320, 200};
+    HBRUSH red = CreateSolidBrush(RGB(255, 0, 0));
+    FillRect(hdc, &all, red);
+    SetPixel(hdc, covered.x - 100, covered.y - 100, RGB(255, 0, 0));
+    EXPECT_EQ(GetPixel(hdc, covered.x - 100, covered.y - 100), CLR_INVALID);
+    DeleteObject(red);
+    ReleaseDC(lower, hdc);
+    EXPECT_EQ(Screen(covered.x, covered.y), kOrange);
+    EXPECT_EQ(Screen(101, 101), RGB(255, 0, 0));
+    EXPECT_EQ(Screen(179, 200), RGB(255, 0, 0));
+    EXPECT_EQ(Screen(180, 200), RGB(0, 120, 215)); // the upper window's outline
+    // Hiding the upper window lets the lower one paint what it uncovers.
+    ShowWindow(upper, SW_HIDE);
+    platform::PumpMessages();
+    EXPECT_EQ(Screen(covered.x, covered.y), kBlue);
+}
+
+TEST_F(PictureTest, TheDesktopPictureStacksWindowsInZOrderWhateverTheScreenShows) {
+    CoverWithUpper();
+    POINT covered = Covered();
+    // Something draws over everything on the screen itself.
+    HDC screen = GetDC(nullptr);
+    RECT scribble{0, 0, 640, 480};
+    HBRUSH grey = CreateSolidBrush(RGB(90, 90, 90));
+    FillRect(screen, &scribble, grey);
+    DeleteObject(grey);
+    ReleaseDC(nullptr, screen);
 
     const std::string path = Path("desktop-stacked.png");
     ASSERT_TRUE(platform::SaveDesktopAsPng(path));
@@ -204,6 +232,7 @@ TEST_F(PictureTest, TheDesktopPictureStacksWindowsInZOrderWhateverPaintedLast) {
     EXPECT_EQ(desktop.height, GetSystemMetrics(SM_CYSCREEN));
     EXPECT_EQ(desktop.At(covered.x, covered.y), kOrange);
     EXPECT_EQ(desktop.At(100 + 3 + 20, 100 + 26 + 20), kBlue);
+    EXPECT_EQ(desktop.At(5, 5), RGB(255, 255, 255));
     // Raising the lower window puts it on top in the next picture.
     SetWindowPos(lower, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     ASSERT_TRUE(platform::SaveDesktopAsPng(Path("desktop-raised.png")));
