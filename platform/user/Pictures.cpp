@@ -17,7 +17,7 @@ using user::Window;
 using user::WindowManager;
 
 // The desktop has no wallpaper: it is the white it starts as.
-constexpr double kDesktopGrey = 1.0;
+constexpr double kDesktopWhite = 1.0;
 
 // What a window has pending: its update region and whether its frame needs
 // drawing. Pictures put it back, since they paint off the desktop.
@@ -94,7 +94,7 @@ bool Write(cairo_surface_t* surface, const std::string& path) {
 cairo_surface_t* NewSurface(int width, int height) {
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
     cairo_t* cr = cairo_create(surface);
-    cairo_set_source_rgb(cr, kDesktopGrey, kDesktopGrey, kDesktopGrey);
+    cairo_set_source_rgb(cr, kDesktopWhite, kDesktopWhite, kDesktopWhite);
     cairo_paint(cr);
     cairo_destroy(cr);
     return surface;

@@ -296,8 +296,11 @@ BOOL SetWindowPos(HWND hwnd, HWND insertAfter, int x, int y, int cx, int cy, UIN
             at = it == siblings.end() ? siblings.begin() : it + 1;
         }
         siblings.insert(at, window);
-        if (window->visible)
+        // A window raised over others shows all of itself again, frame too.
+        if (window->visible) {
+            window->ncDirty = window->HasFrame();
             InvalidateRect(hwnd, nullptr, TRUE);
+        }
     }
     if (flags & SWP_FRAMECHANGED) {
         // The styles may have changed the frame, and with it the client area.

@@ -207,6 +207,15 @@ TEST_F(PictureTest, ALowerWindowNeverDrawsOverTheWindowsAboveIt) {
     EXPECT_EQ(Screen(101, 101), RGB(255, 0, 0));
     EXPECT_EQ(Screen(179, 200), RGB(255, 0, 0));
     EXPECT_EQ(Screen(180, 200), RGB(0, 120, 215)); // the upper window's outline
+    // Raised, the lower window paints itself whole over the other, frame too,
+    // also when it does not take the activation.
+    SetWindowPos(lower, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    platform::PumpMessages();
+    EXPECT_EQ(Screen(covered.x, covered.y), kBlue);
+    EXPECT_EQ(Screen(100 + 319, 200), RGB(170, 170, 170));
+    SetWindowPos(upper, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    platform::PumpMessages();
+    EXPECT_EQ(Screen(covered.x, covered.y), kOrange);
     // Hiding the upper window lets the lower one paint what it uncovers.
     ShowWindow(upper, SW_HIDE);
     platform::PumpMessages();
