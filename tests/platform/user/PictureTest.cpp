@@ -4,6 +4,7 @@
 // never draws over the windows above it.
 #include <windows.h>
 
+#include <platform/Automation.h>
 #include <platform/MessagePump.h>
 #include <platform/ResourceTemplates.h>
 #include <platform/WindowPictures.h>
@@ -318,6 +319,35 @@ TEST_F(PictureTest, ADialogsPictureHasItsCaptionAndControls) {
     EXPECT_EQ(picture.At(x, y), RGB(0, 120, 215));
     EXPECT_EQ(picture.At(x + 3, y), RGB(225, 225, 225));
     DestroyWindow(dialog);
+}
+
+TEST_F(PictureTest, AMessageBoxIsPicturedWhileItWaitsForTheUser) {
+    platform::automation::Reset();
+    const std::string path = Path("message-box.png");
+    Picture picture;
+    RECT window{}, client{};
+    bool same = false;
+    platform::automation::Do([&] {
+        HWND box = GetActiveWindow();
+        GetWindowRect(box, &window);
+        GetClientRect(box, &client);
+        if (platform::SaveWindowAsPng(box, path) && Read(path, picture))
+            same = SameAsDesktop(picture, POINT{window.left, window.top});
+    });
+    platform::automation::AnswerMessageBox(IDOK);
+    EXPECT_EQ(MessageBox(lower, u"The list was written to the file.", u"Export", MB_OKCANCEL),
+              IDOK);
+    ASSERT_EQ(picture.width, window.right - window.left);
+    EXPECT_EQ(picture.width, client.right + 6);
+    EXPECT_EQ(picture.height, client.bottom + 29);
+    EXPECT_TRUE(same);
+    // The caption's text is drawn in the active window's ink.
+    int ink = 0;
+    for (int y = 3; y < 25; ++y)
+        for (int x = 3; x < 60; ++x)
+            ink += picture.At(x, y) == RGB(0, 0, 0);
+    EXPECT_GT(ink, 20);
+    platform::automation::Reset();
 }
 
 TEST_F(PictureTest, WhatCannotBePicturedGivesFalse) {
