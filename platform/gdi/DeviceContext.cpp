@@ -32,8 +32,25 @@ void ResetCairo(DeviceContext& dc) {
     cairo_set_antialias(dc.cr, CAIRO_ANTIALIAS_NONE);
     if (dc.kind == DcKind::Printer)
         cairo_scale(dc.cr, 72.0 / dc.dpi, 72.0 / dc.dpi);
-    cairo_rectangle(dc.cr, dc.clip.left, dc.clip.top, dc.clip.right - dc.clip.left,
-                    dc.clip.bottom - dc.clip.top);
+    if (dc.excluded.empty()) {
+        cairo_rectangle(dc.cr, dc.clip.left, dc.clip.top, dc.clip.right - dc.clip.left,
+                        dc.clip.bottom - dc.clip.top);
+    } else {
+        // The clip less the excluded rectangles, as disjoint rectangles.
+        cairo_rectangle_int_t box{dc.clip.left, dc.clip.top, dc.clip.right - dc.clip.left,
+                                  dc.clip.bottom - dc.clip.top};
+        cairo_region_t* region = cairo_region_create_rectangle(&box);
+        for (const RECT& r : dc.excluded) {
+            cairo_rectangle_int_t cut{r.left, r.top, r.right - r.left, r.bottom - r.top};
+            cairo_region_subtract_rectangle(region, &cut);
+        }
+        for (int i = 0, n = cairo_region_num_rectangles(region); i < n; ++i) {
+            cairo_rectangle_int_t part;
+            cairo_region_get_rectangle(region, i, &part);
+            cairo_rectangle(dc.cr, part.x, part.y, part.width, part.height);
+        }
+        cairo_region_destroy(region);
+    }
     cairo_clip(dc.cr);
     cairo_translate(dc.cr, dc.origin.x, dc.origin.y);
     dc.cairoSource = CLR_INVALID;
@@ -46,6 +63,23 @@ void SetSource(DeviceContext& dc, COLORREF color) {
     dc.cairoSource = color;
     cairo_set_source_rgb(dc.cr, GetRValue(color) / 255.0, GetGValue(color) / 255.0,
                          GetBValue(color) / 255.0);
+}
+
+bool DeviceContext::InClip(long long x, long long y) const {
+    if (x < clip.left || x >= clip.right || y < clip.top || y >= clip.bottom)
+        return false;
+    for (const RECT& r : excluded)
+        if (x >= r.left && x < r.right && y >= r.top && y < r.bottom)
+            return false;
+    return true;
+}
+
+void ExcludeFromClip(HDC hdc, const std::vector<RECT>& rects) {
+    DeviceContext* dc = LookupDC(hdc);
+    if (!dc || rects.empty())
+        return;
+    dc->excluded.insert(dc->excluded.end(), rects.begin(), rects.end());
+    ResetCairo(*dc);
 }
 
 cairo_surface_t* DesktopSurface() {
@@ -83,10 +117,15 @@ void ReleaseSelections(DeviceContext& dc) {
 } // namespace
 
 HDC CreateDesktopDC(POINT origin, RECT clip, HWND window) {
+    return CreateSurfaceDC(DesktopSurface(), origin, clip, window);
+}
+
+HDC CreateSurfaceDC(cairo_surface_t* surface, POINT origin, RECT clip, HWND window) {
     auto* dc = new DeviceContext(DcKind::Screen);
-    dc->surface = DesktopSurface();
+    dc->surface = surface;
     dc->origin = origin;
-    RECT bounds{0, 0, kDesktopWidth, kDesktopHeight};
+    RECT bounds{0, 0, cairo_image_surface_get_width(surface),
+                cairo_image_surface_get_height(surface)};
     dc->clip = RECT{std::max(clip.left, bounds.left), std::max(clip.top, bounds.top),
                     std::min(clip.right, bounds.right), std::min(clip.bottom, bounds.bottom)};
     if (dc->clip.right < dc->clip.left)
@@ -170,6 +209,12 @@ HDC GetDC(HWND hwnd) {
     if (!hwnd)
         return CreateDesktopDC(POINT{0, 0}, RECT{0, 0, kDesktopWidth, kDesktopHeight}, nullptr);
     return platform::user::GetClientDC(hwnd, nullptr);
+}
+
+HDC GetWindowDC(HWND hwnd) {
+    if (!hwnd)
+        return GetDC(nullptr);
+    return platform::user::GetWholeWindowDC(hwnd);
 }
 
 int ReleaseDC(HWND hwnd, HDC hdc) {

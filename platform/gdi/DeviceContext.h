@@ -7,6 +7,7 @@
 #include <platform/GdiJournal.h>
 
 #include <string>
+#include <vector>
 
 typedef struct _cairo cairo_t;
 
@@ -21,6 +22,9 @@ struct DeviceContext : GdiObject {
     // Logical (0, 0) in device pixels, and the clip in device pixels.
     POINT origin{0, 0};
     RECT clip{0, 0, 0, 0};
+    // Parts of the clip left out (device pixels): the windows lying above a
+    // window DC's window on the desktop.
+    std::vector<RECT> excluded;
     int dpi = 96;
     // A window DC keeps the window it belongs to; ReleaseDC checks it.
     HWND window = nullptr;
@@ -52,6 +56,11 @@ struct DeviceContext : GdiObject {
     // Whether pixels can be written directly: an image surface with an
     // untransformed context.
     bool Raster() const { return kind != DcKind::Printer; }
+    // Whether the fast paths may write pixels directly: they clip to one
+    // rectangle only.
+    bool Direct() const { return Raster() && excluded.empty(); }
+    // Whether a device pixel lies in the clip.
+    bool InClip(long long x, long long y) const;
 };
 
 DeviceContext* LookupDC(HDC hdc);
@@ -65,6 +74,10 @@ void SetSource(DeviceContext& dc, COLORREF color);
 // A DC that draws onto the desktop surface at origin (device pixels), clipped
 // to clip (device pixels).
 HDC CreateDesktopDC(POINT origin, RECT clip, HWND window);
+// The same on another image surface (not owned), for off-screen pictures.
+HDC CreateSurfaceDC(cairo_surface_t* surface, POINT origin, RECT clip, HWND window);
+// Leaves rectangles (device pixels) out of a DC's clip.
+void ExcludeFromClip(HDC hdc, const std::vector<RECT>& rects);
 cairo_surface_t* DesktopSurface();
 constexpr int kDesktopWidth = 1280;
 constexpr int kDesktopHeight = 1024;
@@ -78,4 +91,6 @@ JournalEntry& Record(DeviceContext& dc, const char* op);
 namespace platform::user {
 // The window system's DC for a window's client area, clipped to clip when given.
 HDC GetClientDC(HWND hwnd, const RECT* clip);
+// The same for the whole window, its frame included.
+HDC GetWholeWindowDC(HWND hwnd);
 } // namespace platform::user

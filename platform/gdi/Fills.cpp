@@ -14,7 +14,7 @@ namespace platform::gdi {
 void PaintRect(DeviceContext& dc, int x, int y, int width, int height, COLORREF color) {
     if (width <= 0 || height <= 0)
         return;
-    if (dc.Raster() && FastPathsEnabled()) {
+    if (dc.Direct() && FastPathsEnabled()) {
         PixelAccess(dc).Fill(x + dc.origin.x, y + dc.origin.y, width, height, color);
         return;
     }
@@ -163,7 +163,7 @@ COLORREF GetPixel(HDC hdc, int x, int y) {
         return CLR_INVALID;
     long long dx = static_cast<long long>(x) + dc->origin.x;
     long long dy = static_cast<long long>(y) + dc->origin.y;
-    if (dx < dc->clip.left || dx >= dc->clip.right || dy < dc->clip.top || dy >= dc->clip.bottom)
+    if (!dc->InClip(dx, dy))
         return CLR_INVALID;
     cairo_surface_flush(dc->surface);
     if (dx >= cairo_image_surface_get_width(dc->surface) ||

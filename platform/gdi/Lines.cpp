@@ -81,7 +81,7 @@ void TracePath(cairo_t* cr, const POINT* points, int count, bool close) {
 // a round join adds exactly the bend's pixel. Those are written directly; the
 // result equals Cairo's.
 bool StrokeAxisAligned(DeviceContext& dc, const Pen& pen, const POINT* points, int count) {
-    if (!dc.Raster() || !FastPathsEnabled() || (pen.style & PS_ENDCAP_MASK) != PS_ENDCAP_FLAT ||
+    if (!dc.Direct() || !FastPathsEnabled() || (pen.style & PS_ENDCAP_MASK) != PS_ENDCAP_FLAT ||
         (pen.style & PS_STYLE_MASK) != PS_SOLID)
         return false;
     int width = pen.width < 1 ? 1 : pen.width;

@@ -141,7 +141,7 @@ const Masks* MasksFor(Shape&& shape, int extentX, int extentY) {
 bool PolygonFromMasks(DeviceContext& dc, const POINT* points, int count) {
     const Pen& pen = *dc.pen;
     const bool outline = !pen.Null();
-    if (!dc.Raster() || !FastPathsEnabled() || count < 2 ||
+    if (!dc.Direct() || !FastPathsEnabled() || count < 2 ||
         (outline && (!pen.Geometric() || (pen.style & PS_STYLE_MASK) != PS_SOLID ||
                      (pen.style & PS_JOIN_MASK) == PS_JOIN_MITER)))
         return false; // a mitred corner reaches further than the masks' margin

@@ -144,7 +144,7 @@ BOOL TextOutW(HDC hdc, int x, int y, LPCWSTR text, int count) {
     int width = 0;
     for (int i = 0; i < count; ++i)
         width += font.Advance(text[i]);
-    if (dc->Raster() && FastPathsEnabled() && !font.Synthesised())
+    if (dc->Direct() && FastPathsEnabled() && !font.Synthesised())
         BlitText(*dc, font, x, y, text, count, width);
     else
         CairoText(*dc, font, x, y, text, count, width);

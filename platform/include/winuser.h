@@ -5,6 +5,9 @@
 
 // The screen's device context for hwnd == NULL, else the window's client area.
 HDC GetDC(HWND hwnd);
+// The whole window's device context, frame and caption included, with (0, 0)
+// at the window's top-left corner; give it back with ReleaseDC.
+HDC GetWindowDC(HWND hwnd);
 int ReleaseDC(HWND hwnd, HDC hdc);
 
 int FillRect(HDC hdc, const RECT* rect, HBRUSH brush);

@@ -198,8 +198,14 @@ HWND CreateDialogIndirectParam(HINSTANCE instance, LPCDLGTEMPLATE tmpl, HWND own
     auto toY = [baseY](int v) { return MulDiv(v, baseY, 8); };
 
     DWORD style = tmpl->style;
-    int width = toX(tmpl->cx), height = toY(tmpl->cy);
-    int x = toX(tmpl->x), y = toY(tmpl->y);
+    // The template gives the client area; the window is that plus the frame
+    // its styles ask for. A modal frame is the extended style's.
+    DWORD exStyle = tmpl->exStyle | ((style & DS_MODALFRAME) ? WS_EX_DLGMODALFRAME : 0);
+    RECT frame{toX(tmpl->x), toY(tmpl->y), toX(tmpl->x) + toX(tmpl->cx),
+               toY(tmpl->y) + toY(tmpl->cy)};
+    AdjustWindowRectEx(&frame, style, FALSE, exStyle);
+    int width = frame.right - frame.left, height = frame.bottom - frame.top;
+    int x = frame.left, y = frame.top;
     if (!(style & WS_CHILD)) {
         // A pop-up's position is relative to its owner's client area; a
         // centred one sits in the middle of its owner, or of the desktop.
@@ -219,7 +225,7 @@ HWND CreateDialogIndirectParam(HINSTANCE instance, LPCDLGTEMPLATE tmpl, HWND own
         y = std::max(0, y);
     }
     const WCHAR* className = tmpl->className.empty() ? kDialogClass : tmpl->className.c_str();
-    HWND hwnd = CreateWindowEx(tmpl->exStyle, className, tmpl->caption.c_str(),
+    HWND hwnd = CreateWindowEx(exStyle, className, tmpl->caption.c_str(),
                                style & ~static_cast<DWORD>(WS_VISIBLE), x, y, width, height, owner,
                                nullptr, instance, nullptr);
     if (!hwnd) {

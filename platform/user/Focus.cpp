@@ -78,11 +78,14 @@ HWND Activate(Window* window, bool takeFocus) {
     if (previous == window->handle)
         return previous;
     Manager().active = window->handle;
-    if (previous && Manager().Find(previous))
+    if (previous && Manager().Find(previous)) {
+        SendMessage(previous, WM_NCACTIVATE, FALSE, 0);
         SendMessage(previous, WM_ACTIVATE, MAKEWPARAM(WA_INACTIVE, 0),
                     reinterpret_cast<LPARAM>(window->handle));
+    }
     if (Manager().active != window->handle)
         return previous;
+    SendMessage(window->handle, WM_NCACTIVATE, TRUE, 0);
     SendMessage(window->handle, WM_ACTIVATE, MAKEWPARAM(WA_ACTIVE, 0),
                 reinterpret_cast<LPARAM>(previous));
     // An activated window that kept no focus inside itself takes it.
@@ -183,6 +186,8 @@ void ActivateNext(Window* owner) {
             SetActiveWindow(top->handle);
             return;
         }
+    if (Window* last = manager.Find(manager.active))
+        last->ncActive = false;
     manager.active = nullptr;
 }
 

@@ -157,6 +157,12 @@ void Layout(HWND dialog, MessageBoxData& data) {
     HWND owner = GetWindow(dialog, GW_OWNER);
     RECT over{};
     GetWindowRect(owner ? owner : GetDesktopWindow(), &over);
+    // width and height are the client area's; the window adds its frame.
+    RECT frame{0, 0, width, height};
+    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongPtr(dialog, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongPtr(dialog, GWL_EXSTYLE)));
+    width = frame.right - frame.left;
+    height = frame.bottom - frame.top;
     int left = std::max<LONG>(0, over.left + (over.right - over.left - width) / 2);
     int top = std::max<LONG>(0, over.top + (over.bottom - over.top - height) / 2);
     SetWindowPos(dialog, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);

@@ -66,15 +66,25 @@ LRESULT DefWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
         HBRUSH brush = window->windowClass ? window->windowClass->wc.hbrBackground : nullptr;
         if (!brush || !wParam)
             return 0;
-        RECT client{0, 0, window->Width(), window->Height()};
+        RECT client{0, 0, window->ClientWidth(), window->ClientHeight()};
         FillRect(reinterpret_cast<HDC>(wParam), &client, brush);
         return 1;
     }
+    case WM_NCPAINT:
+        platform::user::PaintNonClient(window);
+        return 0;
+    case WM_NCACTIVATE:
+        window->ncActive = wParam != 0;
+        platform::user::RedrawFrame(window);
+        return TRUE;
     case WM_CLOSE:
         DestroyWindow(hwnd);
         return 0;
     case WM_SETTEXT:
         window->text = lParam ? reinterpret_cast<LPCWSTR>(lParam) : u"";
+        // The caption shows the text.
+        if ((window->style & WS_CAPTION) == WS_CAPTION)
+            platform::user::RedrawFrame(window);
         return TRUE;
     case WM_GETTEXTLENGTH:
         return static_cast<LRESULT>(window->text.size());

@@ -11,7 +11,7 @@ WindowManager& Manager() {
 }
 
 RECT ClientRect(const Window* window) {
-    return RECT{0, 0, window->Width(), window->Height()};
+    return RECT{0, 0, window->ClientWidth(), window->ClientHeight()};
 }
 
 } // namespace
@@ -27,6 +27,22 @@ BOOL InvalidateRect(HWND hwnd, const RECT* rect, BOOL erase) {
     window->hasUpdate = true;
     if (erase)
         window->erase = true;
+    // The parent's painting covers its children unless it clips them, so the
+    // shown children under the area, frames included, are painted again after
+    // it.
+    if (window->style & WS_CLIPCHILDREN)
+        return TRUE;
+    for (Window* child : window->children) {
+        if (!child->visible ||
+            platform::user::IsEmpty(platform::user::Intersect(area, child->rect)))
+            continue;
+        child->ncDirty = child->HasFrame();
+        const LONG dx = child->rect.left + child->frame.left;
+        const LONG dy = child->rect.top + child->frame.top;
+        RECT inside{area.left - dx, area.top - dy, area.right - dx, area.bottom - dy};
+        // A framed child is painted whole, so that its frame is drawn too.
+        InvalidateRect(child->handle, child->ncDirty ? nullptr : &inside, erase);
+    }
     return TRUE;
 }
 
@@ -82,6 +98,10 @@ HDC BeginPaint(HWND hwnd, LPPAINTSTRUCT paint) {
     *paint = PAINTSTRUCT{};
     paint->rcPaint = window->hasUpdate ? window->update : RECT{0, 0, 0, 0};
     bool erase = window->erase;
+    if (window->ncDirty) {
+        window->ncDirty = false;
+        SendMessage(hwnd, WM_NCPAINT, 1, 0);
+    }
     // Validate first: drawing inside the paint handler must not ask for another
     // paint.
     window->hasUpdate = false;

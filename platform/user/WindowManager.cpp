@@ -135,22 +135,38 @@ Window* WindowManager::TopLevel(Window* window) const {
     return window == &m_desktop ? nullptr : window;
 }
 
+POINT WindowManager::WindowOrigin(const Window* window) const {
+    if (!window || window == &m_desktop)
+        return POINT{0, 0};
+    POINT origin = ClientOrigin(window->parent);
+    origin.x += window->rect.left;
+    origin.y += window->rect.top;
+    return origin;
+}
+
 POINT WindowManager::ClientOrigin(const Window* window) const {
-    POINT origin{0, 0};
-    for (; window && window != &m_desktop; window = window->parent) {
-        origin.x += window->rect.left;
-        origin.y += window->rect.top;
+    POINT origin = WindowOrigin(window);
+    if (window) {
+        origin.x += window->frame.left;
+        origin.y += window->frame.top;
     }
     return origin;
 }
 
-RECT WindowManager::VisibleClientRect(const Window* window) const {
-    POINT origin = ClientOrigin(window);
-    RECT visible{origin.x, origin.y, origin.x + window->Width(), origin.y + window->Height()};
+RECT WindowManager::VisibleRect(const Window* window, bool whole, const Window* stop) const {
+    POINT origin = whole ? WindowOrigin(window) : ClientOrigin(window);
+    RECT visible =
+        whole ? RECT{origin.x, origin.y, origin.x + window->Width(), origin.y + window->Height()}
+              : RECT{origin.x, origin.y, origin.x + window->ClientWidth(),
+                     origin.y + window->ClientHeight()};
+    if (window == stop)
+        return visible;
     for (const Window* ancestor = window->parent; ancestor; ancestor = ancestor->parent) {
         POINT o = ClientOrigin(ancestor);
-        visible =
-            Intersect(visible, RECT{o.x, o.y, o.x + ancestor->Width(), o.y + ancestor->Height()});
+        visible = Intersect(
+            visible, RECT{o.x, o.y, o.x + ancestor->ClientWidth(), o.y + ancestor->ClientHeight()});
+        if (ancestor == stop)
+            break;
     }
     return visible;
 }

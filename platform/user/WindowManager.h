@@ -5,6 +5,7 @@
 
 #include <winuser.h>
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <memory>
@@ -32,8 +33,13 @@ struct Window {
     DWORD style = 0;
     DWORD exStyle = 0;
     UINT id = 0;
-    RECT rect{}; // in the parent's client coordinates (the desktop's for
-                 // top-level windows)
+    // The window rectangle in the parent's client coordinates (the desktop's
+    // for top-level windows), and the widths of the non-client area on each
+    // side: the client area is rect less frame.
+    RECT rect{};
+    RECT frame{};
+    // Whether the caption shows the active look.
+    bool ncActive = false;
     std::u16string text;
     LONG_PTR userData = 0;
     // A dialog's slots: DWLP_MSGRESULT, DWLP_DLGPROC, DWLP_USER.
@@ -45,9 +51,14 @@ struct Window {
     bool hasUpdate = false;
     RECT update{};
     bool erase = false;
+    // Whether the frame needs drawing again: BeginPaint then sends WM_NCPAINT.
+    bool ncDirty = false;
 
     int Width() const { return rect.right - rect.left; }
     int Height() const { return rect.bottom - rect.top; }
+    int ClientWidth() const { return std::max(0, Width() - frame.left - frame.right); }
+    int ClientHeight() const { return std::max(0, Height() - frame.top - frame.bottom); }
+    bool HasFrame() const { return frame.left || frame.top || frame.right || frame.bottom; }
 };
 
 class WindowManager {
@@ -72,11 +83,13 @@ public:
     bool IsEnabled(const Window* window) const;
     // The top-level window a window belongs to (itself for a top-level one).
     Window* TopLevel(Window* window) const;
-    // The client origin in desktop coordinates.
+    // The client origin and the window's top-left corner in desktop
+    // coordinates.
     POINT ClientOrigin(const Window* window) const;
-    // The client rectangle in desktop coordinates, clipped by every ancestor's
-    // client area.
-    RECT VisibleClientRect(const Window* window) const;
+    POINT WindowOrigin(const Window* window) const;
+    // The client rectangle (or, with whole, the window rectangle) in desktop
+    // coordinates, clipped by the client area of every ancestor below stop.
+    RECT VisibleRect(const Window* window, bool whole, const Window* stop = nullptr) const;
 
     std::deque<MSG>& Queue() { return m_queue; }
     // The window with the keyboard focus, the active top-level window and the
@@ -106,6 +119,18 @@ private:
 // origin is the client's top-left corner and its output is clipped to the
 // visible client area and, when given, to clip (client coordinates).
 HDC GetClientDC(HWND hwnd, const RECT* clip);
+// The same for the whole window, frame included, with its origin at the
+// window's top-left corner.
+HDC GetWholeWindowDC(HWND hwnd);
+
+// The non-client widths of a window with these styles, at 96 dpi.
+RECT FrameInsets(DWORD style, DWORD exStyle, bool menu);
+// Recomputes the frame from the current styles.
+void UpdateFrame(Window* window);
+// Sends WM_NCPAINT to a shown window that has a non-client area.
+void RedrawFrame(Window* window);
+// The default procedure's WM_NCPAINT: the frame and the caption.
+void PaintNonClient(Window* window);
 
 // Registers BUTTON, STATIC and the other classes of the system once.
 void RegisterSystemClasses();

@@ -81,6 +81,7 @@ HWND CreateWindowEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD 
     window->exStyle = exStyle;
     window->id = (style & WS_CHILD) ? static_cast<UINT>(reinterpret_cast<uintptr_t>(menu)) : 0;
     window->rect = RECT{x, y, x + std::max(cx, 0), y + std::max(cy, 0)};
+    platform::user::UpdateFrame(window);
     HWND hwnd = window->handle;
     if (Manager().createHook)
         Manager().createHook(hwnd);
@@ -95,8 +96,9 @@ HWND CreateWindowEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD 
     }
     if (!IsWindow(hwnd))
         return nullptr;
-    SendMessage(hwnd, WM_SIZE, SIZE_RESTORED, MAKELONG(window->Width(), window->Height()));
-    SendMessage(hwnd, WM_MOVE, 0, MAKELONG(x, y));
+    SendMessage(hwnd, WM_SIZE, SIZE_RESTORED,
+                MAKELONG(window->ClientWidth(), window->ClientHeight()));
+    SendMessage(hwnd, WM_MOVE, 0, MAKELONG(x + window->frame.left, y + window->frame.top));
     if (style & WS_VISIBLE)
         ShowWindow(hwnd, SW_SHOW);
     return hwnd;
@@ -165,7 +167,7 @@ BOOL GetClientRect(HWND hwnd, LPRECT rect) {
     Window* window = Manager().Find(hwnd);
     if (!window || !rect)
         return FALSE;
-    *rect = RECT{0, 0, window->Width(), window->Height()};
+    *rect = RECT{0, 0, window->ClientWidth(), window->ClientHeight()};
     return TRUE;
 }
 
@@ -173,7 +175,7 @@ BOOL GetWindowRect(HWND hwnd, LPRECT rect) {
     Window* window = Manager().Find(hwnd);
     if (!window || !rect)
         return FALSE;
-    POINT origin = Manager().ClientOrigin(window);
+    POINT origin = Manager().WindowOrigin(window);
     *rect = RECT{origin.x, origin.y, origin.x + window->Width(), origin.y + window->Height()};
     return TRUE;
 }
@@ -204,15 +206,20 @@ BOOL MoveWindow(HWND hwnd, int x, int y, int cx, int cy, BOOL repaint) {
         return FALSE;
     RECT old = window->rect;
     window->rect = RECT{x, y, x + std::max(cx, 0), y + std::max(cy, 0)};
+    bool resized =
+        old.right - old.left != window->Width() || old.bottom - old.top != window->Height();
     if (repaint && window->visible) {
         if (window->parent)
             InvalidateRect(window->parent->handle, &old, TRUE);
         InvalidateRect(hwnd, nullptr, TRUE);
+        if (resized || old.left != x || old.top != y)
+            platform::user::RedrawFrame(window);
     }
-    if (old.right - old.left != window->Width() || old.bottom - old.top != window->Height())
-        SendMessage(hwnd, WM_SIZE, SIZE_RESTORED, MAKELONG(window->Width(), window->Height()));
+    if (resized)
+        SendMessage(hwnd, WM_SIZE, SIZE_RESTORED,
+                    MAKELONG(window->ClientWidth(), window->ClientHeight()));
     if (old.left != x || old.top != y)
-        SendMessage(hwnd, WM_MOVE, 0, MAKELONG(x, y));
+        SendMessage(hwnd, WM_MOVE, 0, MAKELONG(x + window->frame.left, y + window->frame.top));
     return TRUE;
 }
 
@@ -235,6 +242,7 @@ BOOL ShowWindow(HWND hwnd, int command) {
     window->visible = show;
     if (show) {
         window->style |= WS_VISIBLE;
+        platform::user::RedrawFrame(window);
         InvalidateRect(hwnd, nullptr, TRUE);
         // Showing a top-level window activates it, unless asked not to.
         bool activate = command != SW_SHOWNA && command != SW_SHOWNOACTIVATE &&
@@ -288,8 +296,24 @@ BOOL SetWindowPos(HWND hwnd, HWND insertAfter, int x, int y, int cx, int cy, UIN
             at = it == siblings.end() ? siblings.begin() : it + 1;
         }
         siblings.insert(at, window);
-        if (window->visible)
+        // A window raised over others shows all of itself again, frame too.
+        if (window->visible) {
+            window->ncDirty = window->HasFrame();
             InvalidateRect(hwnd, nullptr, TRUE);
+        }
+    }
+    if (flags & SWP_FRAMECHANGED) {
+        // The styles may have changed the frame, and with it the client area.
+        int oldWidth = window->ClientWidth();
+        int oldHeight = window->ClientHeight();
+        platform::user::UpdateFrame(window);
+        if (oldWidth != window->ClientWidth() || oldHeight != window->ClientHeight())
+            SendMessage(hwnd, WM_SIZE, SIZE_RESTORED,
+                        MAKELONG(window->ClientWidth(), window->ClientHeight()));
+        if (window->visible && !(flags & SWP_NOREDRAW)) {
+            InvalidateRect(hwnd, nullptr, TRUE);
+            platform::user::RedrawFrame(window);
+        }
     }
     if ((flags & (SWP_NOMOVE | SWP_NOSIZE)) != (SWP_NOMOVE | SWP_NOSIZE)) {
         if (flags & SWP_NOMOVE) {
