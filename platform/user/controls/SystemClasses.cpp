@@ -6,6 +6,8 @@ namespace platform::user {
 
 void RegisterButtonClass();
 void RegisterStaticClass();
+void RegisterEditClass();
+void RegisterComboBoxClass();
 
 void RegisterSystemClasses() {
     static bool registered = false;
@@ -14,6 +16,8 @@ void RegisterSystemClasses() {
     registered = true;
     RegisterButtonClass();
     RegisterStaticClass();
+    RegisterEditClass();
+    RegisterComboBoxClass();
 }
 
 } // namespace platform::user
