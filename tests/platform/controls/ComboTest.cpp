@@ -371,3 +371,53 @@ TEST_F(SearchTest, SelectStringSelectsThePrefixMatchAndShowsItsText) {
 }
 
 } // namespace
+
+namespace {
+
+class OtherStylesTest : public ::testing::Test {
+protected:
+    void SetUp() override { automation::Reset(); }
+    void TearDown() override { automation::Reset(); }
+
+    HWND Combo(DWORD style) {
+        HWND combo = host.Add(u"COMBOBOX", style | WS_TABSTOP, 10, 10, 120, 100, kComboId);
+        for (const char16_t* item : {u"Red", u"Green", u"Blue", u"Black"})
+            SendMessage(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item));
+        SendMessage(combo, CB_SETCURSEL, 0, 0);
+        host.Log().clear();
+        return combo;
+    }
+    controls_test::Host host;
+};
+
+TEST_F(OtherStylesTest, ASimpleComboBoxShowsItsListAndAClickPicksAtOnce) {
+    HWND combo = Combo(CBS_SIMPLE);
+    automation::PickComboItem(kComboId, 2);
+    controls_test::RunUser();
+    EXPECT_EQ(TextOf(combo), u"Blue");
+    EXPECT_EQ(SendMessage(combo, CB_GETCURSEL, 0, 0), 2);
+    EXPECT_FALSE(SendMessage(combo, CB_GETDROPPEDSTATE, 0, 0));
+    // The host logs the combo box's text as the notification arrives.
+    ASSERT_FALSE(host.Log().empty());
+    EXPECT_EQ(host.Log().back(), "selchange:Red");
+    RECT rect;
+    GetClientRect(combo, &rect);
+    EXPECT_EQ(rect.bottom, 100); // the list stays inside the combo box
+}
+
+TEST_F(OtherStylesTest, ADropDownListPicksTheNextItemStartingWithATypedLetter) {
+    HWND combo = Combo(CBS_DROPDOWNLIST);
+    SetFocus(combo);
+    host.Log().clear();
+    automation::Type(u"bbx");
+    controls_test::RunUser();
+    EXPECT_EQ(TextOf(combo), u"Black");
+    std::vector<std::string> expected{"selchange:Red", "selchange:Blue"};
+    EXPECT_EQ(host.Log(), expected);
+    // The field is only as tall as a line of text; the rest is the list's.
+    RECT rect;
+    GetClientRect(combo, &rect);
+    EXPECT_LT(rect.bottom, 30);
+}
+
+} // namespace
