@@ -6,6 +6,8 @@
 #include <platform/GdiObjects.h>
 #include <platform/ResourceTemplates.h>
 
+#include <support/TempDir.h>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -250,7 +252,10 @@ TEST_F(ComboTest, TheDroppedListIsDrawnOverTheDialogWithTheSelectionHighlighted)
         RECT combo;
         GetWindowRect(dialog.combo.m_hWnd, &combo);
         HDC screen = GetDC(nullptr);
-        platform::SaveDcAsPng(screen, "/tmp/h7-combo-dropped.png");
+        // A picture to look at: the dialog with its list dropped.
+        platform::SaveDcAsPng(
+            screen,
+            (testing_support::TestOutputDir("combo-pictures") / "combo-dropped.png").string());
         // The first row (the current item, Comma) is highlighted; the
         // row below it shows the list's white background, not the dialog.
         highlight = GetPixel(screen, combo.left + 60, combo.bottom + 1 + 3);

@@ -3,6 +3,9 @@
 // is told and when.
 #include "ControlTestSupport.h"
 
+#include <platform/GdiObjects.h>
+#include <support/TempDir.h>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -263,6 +266,22 @@ TEST_F(EditTest, TheTypedTextIsDrawnInTheField) {
     SetFocus(nullptr);
     RunUser();
     EXPECT_EQ(controls_test::InkBands(edit).size(), 1u);
+
+    // A picture to look at: a focused field with a selection, a read-only
+    // field and a multi-line field.
+    HWND fixed =
+        host.Add(u"EDIT", WS_BORDER | ES_READONLY, 10, 40, 200, 23, kEditId + 1, u"Read-only");
+    HWND lines = host.Add(u"EDIT", WS_BORDER | ES_MULTILINE, 10, 70, 200, 60, kEditId + 2,
+                          u"First line\r\nSecond line\r\nThird");
+    SetFocus(edit);
+    SendMessage(edit, EM_SETSEL, 1, 3);
+    RunUser();
+    HDC screen = GetDC(nullptr);
+    platform::SaveDcAsPng(screen,
+                          (testing_support::TestOutputDir("edit-pictures") / "edits.png").string());
+    ReleaseDC(nullptr, screen);
+    EXPECT_EQ(controls_test::InkBands(lines).size(), 3u);
+    EXPECT_EQ(controls_test::InkBands(fixed).size(), 1u);
 }
 
 } // namespace
