@@ -341,10 +341,23 @@ LRESULT GetItemText(const ComboState& state, WPARAM wParam, LPARAM lParam) {
     return static_cast<LRESULT>(text.size());
 }
 
-LRESULT InsertItem(HWND combo, ComboState& state, int index, LPARAM lParam) {
+// Compares item texts without regard to case (A to Z), for CBS_SORT.
+bool SortsBefore(const std::u16string& a, const std::u16string& b) {
+    auto fold = [](char16_t c) {
+        return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c;
+    };
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                        [&](char16_t x, char16_t y) { return fold(x) < fold(y); });
+}
+
+// Inserts an item at index (-1: at the end); CB_ERR for an index past the
+// end.
+LRESULT InsertItem(ComboState& state, int index, LPARAM lParam) {
     std::u16string text = lParam ? reinterpret_cast<LPCWSTR>(lParam) : u"";
-    if (index < 0 || index > ItemCount(state))
+    if (index == -1)
         index = ItemCount(state);
+    if (index < 0 || index > ItemCount(state))
+        return CB_ERR;
     state.items.insert(state.items.begin() + index, ComboItem{std::move(text), 0});
     if (state.selected >= index)
         ++state.selected;
@@ -352,8 +365,19 @@ LRESULT InsertItem(HWND combo, ComboState& state, int index, LPARAM lParam) {
         ++state.listCurrent;
     if (state.list)
         Redraw(state.list);
-    (void)combo;
     return index;
+}
+
+// CB_ADDSTRING: at the end, or in order in a sorted combo box (after the
+// items that compare equal).
+LRESULT AddItem(HWND combo, ComboState& state, LPARAM lParam) {
+    if (!(GetWindowLongPtr(combo, GWL_STYLE) & CBS_SORT) || !lParam)
+        return InsertItem(state, -1, lParam);
+    std::u16string text = reinterpret_cast<LPCWSTR>(lParam);
+    auto at = std::upper_bound(
+        state.items.begin(), state.items.end(), text,
+        [](const std::u16string& t, const ComboItem& item) { return SortsBefore(t, item.text); });
+    return InsertItem(state, static_cast<int>(at - state.items.begin()), lParam);
 }
 
 LRESULT OnCreate(HWND combo, ComboState& state, const CREATESTRUCT* create) {
@@ -562,9 +586,9 @@ LRESULT ComboProc(HWND combo, UINT message, WPARAM wParam, LPARAM lParam) {
         SendMessage(state->edit, EM_LIMITTEXT, wParam, 0);
         return TRUE;
     case CB_ADDSTRING:
-        return InsertItem(combo, *state, -1, lParam);
+        return AddItem(combo, *state, lParam);
     case CB_INSERTSTRING:
-        return InsertItem(combo, *state, static_cast<int>(wParam), lParam);
+        return InsertItem(*state, static_cast<int>(wParam), lParam);
     case CB_DELETESTRING: {
         auto index = static_cast<int>(wParam);
         if (index < 0 || index >= ItemCount(*state))

@@ -426,3 +426,36 @@ TEST_F(OtherStylesTest, ADropDownListPicksTheNextItemStartingWithATypedLetter) {
 }
 
 } // namespace
+
+namespace {
+
+TEST(ComboItemsTest, ASortedComboBoxAddsInOrderAndInsertKeepsThePlaceAsked) {
+    controls_test::Host host;
+    HWND combo = host.Add(u"COMBOBOX", CBS_DROPDOWN | CBS_SORT, 10, 10, 120, 100, kComboId);
+    auto add = [combo](const char16_t* text) {
+        return SendMessage(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+    };
+    EXPECT_EQ(add(u"pear"), 0);
+    EXPECT_EQ(add(u"Apple"), 0);
+    EXPECT_EQ(add(u"banana"), 1);
+    EXPECT_EQ(add(u"APPLE"), 1); // after the item that compares equal
+    EXPECT_EQ(SendMessage(combo, CB_INSERTSTRING, 0, reinterpret_cast<LPARAM>(u"zebra")), 0);
+    EXPECT_EQ(SendMessage(combo, CB_INSERTSTRING, 9, reinterpret_cast<LPARAM>(u"x")), CB_ERR);
+    EXPECT_EQ(SendMessage(combo, CB_INSERTSTRING, static_cast<WPARAM>(-1),
+                          reinterpret_cast<LPARAM>(u"end")),
+              5);
+    std::vector<std::u16string> items;
+    for (int i = 0; i < SendMessage(combo, CB_GETCOUNT, 0, 0); ++i) {
+        WCHAR buffer[16]{};
+        SendMessage(combo, CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(buffer));
+        items.emplace_back(buffer);
+    }
+    std::vector<std::u16string> expected{u"zebra", u"Apple", u"APPLE", u"banana", u"pear", u"end"};
+    EXPECT_EQ(items, expected);
+    // Bad arguments give CB_ERR, never a crash.
+    EXPECT_EQ(SendMessage(combo, CB_GETLBTEXT, 0, 0), CB_ERR);
+    EXPECT_EQ(SendMessage(combo, CB_SELECTSTRING, static_cast<WPARAM>(-1), 0), CB_ERR);
+    EXPECT_EQ(SendMessage(combo, CB_SETITEMDATA, 42, 1), CB_ERR);
+}
+
+} // namespace
