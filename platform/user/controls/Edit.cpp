@@ -95,6 +95,20 @@ private:
     int m_lineHeight = 1;
 };
 
+// A multi-line edit without horizontal scrolling breaks its lines at the
+// width of its text area.
+void Rewrap(HWND hwnd, EditState& state) {
+    DWORD style = Style(hwnd);
+    if (!(style & ES_MULTILINE) || (style & ES_AUTOHSCROLL))
+        return;
+    state.text.Assign(state.text.Text(), true);
+    RECT area = TextArea(hwnd);
+    Measure measure(hwnd, state);
+    state.text.Wrap(area.right - area.left - 1, [&measure](const char16_t* text, int count) {
+        return measure.Width(text, count);
+    });
+}
+
 // The x of a position within its line, from the line's start.
 int ColumnX(const EditState& state, const Measure& measure, int position) {
     int line = state.text.LineOf(position);
@@ -199,6 +213,7 @@ bool ReplaceSelection(HWND hwnd, EditState& state, std::u16string insert) {
     bool changed = text != state.text.Text();
     if (changed) {
         state.text.Assign(std::move(text), multiline);
+        Rewrap(hwnd, state);
         state.modified = true;
     }
     int caret = from + static_cast<int>(insert.size());
@@ -434,6 +449,7 @@ void Paint(HWND hwnd, const EditState& state) {
 
 void SetText(HWND hwnd, EditState& state, LPCWSTR text) {
     state.text.Assign(text ? std::u16string(text) : std::u16string(), Multiline(hwnd));
+    Rewrap(hwnd, state);
     state.anchor = state.caret = 0;
     state.scrollX = 0;
     state.firstLine = 0;
@@ -506,6 +522,7 @@ LRESULT EditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     }
     case WM_SETFONT:
         state->font = reinterpret_cast<HFONT>(wParam);
+        Rewrap(hwnd, *state);
         if (lParam)
             Redraw(hwnd);
         return 0;
@@ -538,6 +555,7 @@ LRESULT EditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
         Paint(hwnd, *state);
         return 0;
     case WM_SIZE:
+        Rewrap(hwnd, *state);
         ScrollToCaret(hwnd, *state);
         return 0;
     case WM_SETFOCUS:

@@ -225,6 +225,31 @@ TEST_F(EditTest, MultiLineTextIsDrawnAsOneRowPerLine) {
     EXPECT_EQ(controls_test::InkBands(single).size(), 1u);
 }
 
+TEST_F(EditTest, AMultiLineEditWithoutSidewaysScrollingBreaksLongLinesAtSpaces) {
+    const char16_t* text = u"alpha beta gamma delta epsilon\r\nAbcdefghijklmnopqrstuvwxyz";
+    HWND wrapping = host.Add(u"EDIT", WS_BORDER | ES_MULTILINE, 10, 10, 90, 180, kEditId, text);
+    HWND scrolling = host.Add(u"EDIT", WS_BORDER | ES_MULTILINE | ES_AUTOHSCROLL, 110, 10, 90, 120,
+                              kEditId + 1, text);
+    EXPECT_EQ(SendMessage(scrolling, EM_GETLINECOUNT, 0, 0), 2);
+    int lines = static_cast<int>(SendMessage(wrapping, EM_GETLINECOUNT, 0, 0));
+    EXPECT_GT(lines, 3);
+    // The text itself keeps no extra breaks.
+    EXPECT_EQ(TextOf(wrapping), text);
+    std::u16string all = text;
+    int secondStart = static_cast<int>(SendMessage(wrapping, EM_LINEINDEX, 1, 0));
+    ASSERT_GT(secondStart, 0);
+    // The first line ends after a space, so the second starts with a word.
+    EXPECT_EQ(all[static_cast<std::size_t>(secondStart) - 1], u' ');
+    EXPECT_NE(all[static_cast<std::size_t>(secondStart)], u' ');
+    // The long word is broken inside; every line fits the field.
+    for (int line = 0; line < lines; ++line)
+        EXPECT_GT(SendMessage(wrapping, EM_LINELENGTH,
+                              static_cast<WPARAM>(SendMessage(wrapping, EM_LINEINDEX, line, 0)), 0),
+                  0);
+    RunUser();
+    EXPECT_EQ(static_cast<int>(controls_test::InkBands(wrapping).size()), lines);
+}
+
 TEST_F(EditTest, TheDialogCodeAsksForKeysAsTheOriginalDoes) {
     HWND single = SingleLine();
     EXPECT_EQ(SendMessage(single, WM_GETDLGCODE, 0, 0),
