@@ -2,13 +2,6 @@
 // members.
 #include <afxwin.h>
 
-#ifndef CB_SELECTSTRING
-#define CB_SELECTSTRING 0x014D
-#endif
-#ifndef CB_ERR
-#define CB_ERR (-1)
-#endif
-
 CDataExchange::CDataExchange(CWnd* dialog, BOOL saveAndValidate)
     : m_bSaveAndValidate(saveAndValidate), m_pDlgWnd(dialog) {}
 
@@ -121,7 +114,7 @@ void DDV_MaxChars(CDataExchange* dx, const CString& value, int maxChars) {
         AfxMessageBox(prompt, MB_ICONEXCLAMATION);
         dx->Fail();
     } else if (!dx->m_bSaveAndValidate && dx->m_idLastControl && dx->m_bEditLastControl) {
-        ::SendMessage(::GetDlgItem(dx->m_pDlgWnd->m_hWnd, dx->m_idLastControl),
-                      0x00C5 /* EM_LIMITTEXT */, static_cast<WPARAM>(maxChars), 0);
+        ::SendMessage(::GetDlgItem(dx->m_pDlgWnd->m_hWnd, dx->m_idLastControl), EM_LIMITTEXT,
+                      static_cast<WPARAM>(maxChars), 0);
     }
 }

@@ -127,6 +127,7 @@ private:
     CDC& operator=(const CDC&) = delete;
 };
 
+#include "afxctrls.h"
 #include "afxdialog.h"
 #include "afxdll_.h"
 #include "afxwnd.h"

@@ -1,6 +1,7 @@
 // The simulated user: a queue of actions run one per wait of the program.
 #include "Keyboard.h"
 #include "WindowManager.h"
+#include "controls/Controls.h"
 
 #include <platform/Automation.h>
 
@@ -142,6 +143,65 @@ void Key(UINT vk, bool shift, bool control) {
         Note("key " + std::to_string(vk));
         PressKey(vk, 0, shift, control);
     });
+}
+
+namespace {
+
+// The item's index: given, or the first whose text matches the whole text.
+using ItemChooser = std::function<int(HWND combo)>;
+
+void PickCombo(UINT id, ItemChooser choose, std::string what) {
+    Queue([id, choose, what] {
+        HWND active = GetActiveWindow();
+        HWND combo = active ? FindControl(active, id) : nullptr;
+        POINT arrow{};
+        if (!combo || !platform::user::IsComboBox(combo)) {
+            Note("pick " + what + " in " + std::to_string(id) + ": no such combo box");
+            return;
+        }
+        if (!IsWindowVisible(combo) || !IsWindowEnabled(combo)) {
+            Note("pick " + what + " in " + std::to_string(id) + ": combo box cannot be clicked");
+            return;
+        }
+        int index = choose(combo);
+        if (index < 0 || index >= static_cast<int>(SendMessage(combo, CB_GETCOUNT, 0, 0))) {
+            Note("pick " + what + " in " + std::to_string(id) + ": no such item");
+            return;
+        }
+        Note("pick " + what + " in " + std::to_string(id));
+        // A simple combo box shows its list all the time.
+        if (platform::user::ComboArrowPoint(combo, &arrow) &&
+            !platform::user::IsComboDropped(combo))
+            PostClick(combo, arrow);
+        // The item is clicked as the next action, once the list is shown.
+        Current().actions.push_front([combo, index, id] {
+            HWND list = nullptr;
+            POINT point{};
+            if (!IsWindow(combo) || !platform::user::ComboItemPoint(combo, index, &list, &point)) {
+                Note("pick in " + std::to_string(id) + ": the list did not drop");
+                return;
+            }
+            PostMessage(list, WM_MOUSEMOVE, 0, MAKELPARAM(point.x, point.y));
+            PostClick(list, point);
+        });
+    });
+}
+
+} // namespace
+
+void PickComboItem(UINT id, int index) {
+    PickCombo(
+        id, [index](HWND) { return index; }, "item " + std::to_string(index));
+}
+
+void PickComboItem(UINT id, const std::u16string& text) {
+    PickCombo(
+        id,
+        [text](HWND combo) {
+            return static_cast<int>(SendMessage(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                                reinterpret_cast<LPARAM>(text.c_str())));
+        },
+        "'" + Narrow(text) + "'");
 }
 
 void SetCheck(UINT id, bool checked) {

@@ -31,12 +31,20 @@ bool InRange(UINT message, UINT filterMin, UINT filterMax) {
 }
 
 // The first window, depth first in creation order, that is shown and needs
-// painting.
+// painting. Top-level windows go from the bottom of the z-order up, so that a
+// window on top (a drop-down list, a message box) is drawn after what it
+// covers.
 Window* FindWindowToPaint(Window* window, HWND filter) {
     if (!window->visible)
         return nullptr;
     if (window != Manager().Desktop() && window->hasUpdate && (!filter || filter == window->handle))
         return window;
+    if (window == Manager().Desktop()) {
+        for (auto it = window->children.rbegin(); it != window->children.rend(); ++it)
+            if (Window* found = FindWindowToPaint(*it, filter))
+                return found;
+        return nullptr;
+    }
     for (Window* child : window->children)
         if (Window* found = FindWindowToPaint(child, filter))
             return found;

@@ -24,6 +24,13 @@ void ClickAt(HWND hwnd, POINT client);
 void Type(const std::u16string& text);
 // One key press (down and up), with Shift or Ctrl held if asked.
 void Key(UINT vk, bool shift = false, bool control = false);
+// Picks an item of the combo box with this id in the active window as a user
+// does: a click on the arrow drops the list, then a click on the item (the
+// list scrolled to show it) picks it and closes the list. By text, the first
+// item whose whole text matches (A to Z folded). A missing combo box or item
+// is recorded and nothing happens.
+void PickComboItem(UINT id, int index);
+void PickComboItem(UINT id, const std::u16string& text);
 // Clicks the check box if its state differs from checked.
 void SetCheck(UINT id, bool checked);
 // Clicks the message box's button that returns result (IDOK, IDYES, ...).

@@ -8,6 +8,8 @@ void RegisterButtonClass();
 void RegisterStaticClass();
 void RegisterHeaderClass();
 void RegisterListViewClass();
+void RegisterEditClass();
+void RegisterComboBoxClass();
 
 void RegisterSystemClasses() {
     static bool registered = false;
@@ -18,6 +20,8 @@ void RegisterSystemClasses() {
     RegisterStaticClass();
     RegisterHeaderClass();
     RegisterListViewClass();
+    RegisterEditClass();
+    RegisterComboBoxClass();
 }
 
 } // namespace platform::user

@@ -278,3 +278,32 @@ TEST_F(PaintingTest, CWndInvalidatesValidatesAndPaintsThroughItsHandlers) {
     EXPECT_FALSE(wnd.GetUpdateRect(nullptr));
     wnd.DestroyWindow();
 }
+
+namespace {
+
+LRESULT CoverProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return DefWindowProc(hwnd, message, wParam, lParam);
+}
+
+} // namespace
+
+TEST_F(PaintingTest, AWindowOnTopIsPaintedAfterTheOneItCovers) {
+    constexpr COLORREF kCover = RGB(250, 240, 10);
+    HBRUSH coverBrush = CreateSolidBrush(kCover);
+    WNDCLASS wc{};
+    wc.lpfnWndProc = CoverProc;
+    wc.lpszClassName = u"PaintingTestCover";
+    wc.hbrBackground = coverBrush;
+    RegisterClass(&wc);
+    // A pop-up over the right half of the window; both wait to be painted.
+    HWND cover = CreateWindowEx(0, u"PaintingTestCover", u"", WS_POPUP | WS_VISIBLE, 140, 60, 40,
+                                50, hwnd, nullptr, nullptr, nullptr);
+    InvalidateRect(hwnd, nullptr, TRUE);
+    platform::PumpMessages();
+    EXPECT_EQ(At(10, 10), kInk);
+    EXPECT_EQ(At(60, 10), kCover);
+    DestroyWindow(cover);
+    platform::PumpMessages();
+    UnregisterClass(u"PaintingTestCover", nullptr);
+    DeleteObject(coverBrush);
+}
