@@ -6,8 +6,10 @@
 # system (/dev/shm: what the profile itself costs) and on the disk under <out>
 # (what the disk's flush adds; the 10,000-call runs there only with
 # WIN_PROFILE_BENCH_DISK_ALL=1, as each flush takes milliseconds). Writes
-# <out>/profile.measures.json, including the largest file size whose write
-# stays under 1 ms.
+# <out>/profile.report.json, including the largest file size whose write
+# stays under 1 ms. It is a report beside bench.json, not part of it: its
+# runs come from Google Benchmark's repetitions, not from rounds that take
+# turns with the baseline, so its ratios carry no goal.
 set -euo pipefail
 build=${1:?build dir}
 out=${2:?output dir}
@@ -39,7 +41,7 @@ else
     run disk "$out" AtSize
 fi
 
-python3 - "$out/profile.measures.json" "$out/profile.disk.benchmark.json" $memory <<'PY'
+python3 - "$out/profile.report.json" "$out/profile.disk.benchmark.json" $memory <<'PY'
 import json, re, sys
 
 def load(path):
@@ -85,4 +87,4 @@ for fs, path in (("disk", sys.argv[2]),) + tuple(("tmpfs", p) for p in sys.argv[
         under_1ms(raw_points), better_when_lower=False)
 json.dump(measures, open(sys.argv[1], "w"), indent=1)
 PY
-cat "$out/profile.measures.json"
+cat "$out/profile.report.json"
