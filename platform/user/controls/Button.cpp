@@ -369,11 +369,8 @@ LRESULT ButtonProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
 
 } // namespace
 
-void RegisterButtonClass() {
-    WNDCLASS wc{};
-    wc.lpfnWndProc = ButtonProc;
-    wc.lpszClassName = u"BUTTON";
-    RegisterClass(&wc);
+LRESULT ButtonClassProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return ButtonProc(hwnd, message, wParam, lParam);
 }
 
 } // namespace platform::user

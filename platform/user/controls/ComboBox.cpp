@@ -738,11 +738,8 @@ bool ComboItemPoint(HWND combo, int index, HWND* list, POINT* point) {
     return true;
 }
 
-void RegisterComboBoxClass() {
-    WNDCLASS wc{};
-    wc.lpfnWndProc = ComboProc;
-    wc.lpszClassName = u"COMBOBOX";
-    RegisterClass(&wc);
+LRESULT ComboBoxClassProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return ComboProc(hwnd, message, wParam, lParam);
 }
 
 } // namespace platform::user

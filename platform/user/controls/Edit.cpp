@@ -680,11 +680,8 @@ void AttachEditToCombo(HWND edit, HWND combo) {
         state->combo = combo;
 }
 
-void RegisterEditClass() {
-    WNDCLASS wc{};
-    wc.lpfnWndProc = EditProc;
-    wc.lpszClassName = u"EDIT";
-    RegisterClass(&wc);
+LRESULT EditClassProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return EditProc(hwnd, message, wParam, lParam);
 }
 
 } // namespace platform::user

@@ -375,11 +375,8 @@ LRESULT HeaderProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
 
 } // namespace
 
-void RegisterHeaderClass() {
-    WNDCLASS wc{};
-    wc.lpfnWndProc = HeaderProc;
-    wc.lpszClassName = WC_HEADERW;
-    RegisterClass(&wc);
+LRESULT HeaderClassProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return HeaderProc(hwnd, message, wParam, lParam);
 }
 
 } // namespace platform::user

@@ -635,11 +635,8 @@ LRESULT ListViewProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
 
 } // namespace
 
-void RegisterListViewClass() {
-    WNDCLASS wc{};
-    wc.lpfnWndProc = ListViewProc;
-    wc.lpszClassName = WC_LISTVIEWW;
-    RegisterClass(&wc);
+LRESULT ListViewClassProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return ListViewProc(hwnd, message, wParam, lParam);
 }
 
 } // namespace platform::user

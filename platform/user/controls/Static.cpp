@@ -118,11 +118,8 @@ LRESULT StaticProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
 
 } // namespace
 
-void RegisterStaticClass() {
-    WNDCLASS wc{};
-    wc.lpfnWndProc = StaticProc;
-    wc.lpszClassName = u"STATIC";
-    RegisterClass(&wc);
+LRESULT StaticClassProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return StaticProc(hwnd, message, wParam, lParam);
 }
 
 } // namespace platform::user

@@ -2,26 +2,35 @@
 // window is created.
 #include "../WindowManager.h"
 
+#include <commctrl.h>
+
 namespace platform::user {
 
-void RegisterButtonClass();
-void RegisterStaticClass();
-void RegisterHeaderClass();
-void RegisterListViewClass();
-void RegisterEditClass();
-void RegisterComboBoxClass();
+// The window procedures of the system's classes, one per control file.
+LRESULT ButtonClassProc(HWND, UINT, WPARAM, LPARAM);
+LRESULT StaticClassProc(HWND, UINT, WPARAM, LPARAM);
+LRESULT HeaderClassProc(HWND, UINT, WPARAM, LPARAM);
+LRESULT ListViewClassProc(HWND, UINT, WPARAM, LPARAM);
+LRESULT EditClassProc(HWND, UINT, WPARAM, LPARAM);
+LRESULT ComboBoxClassProc(HWND, UINT, WPARAM, LPARAM);
 
 void RegisterSystemClasses() {
     static bool registered = false;
     if (registered)
         return;
     registered = true;
-    RegisterButtonClass();
-    RegisterStaticClass();
-    RegisterHeaderClass();
-    RegisterListViewClass();
-    RegisterEditClass();
-    RegisterComboBoxClass();
+    static const struct {
+        const WCHAR* name;
+        WNDPROC proc;
+    } kClasses[] = {{u"BUTTON", ButtonClassProc},  {u"STATIC", StaticClassProc},
+                    {WC_HEADERW, HeaderClassProc}, {WC_LISTVIEWW, ListViewClassProc},
+                    {u"EDIT", EditClassProc},      {u"COMBOBOX", ComboBoxClassProc}};
+    for (const auto& entry : kClasses) {
+        WNDCLASS wc{};
+        wc.lpfnWndProc = entry.proc;
+        wc.lpszClassName = entry.name;
+        RegisterClass(&wc);
+    }
 }
 
 } // namespace platform::user
