@@ -316,3 +316,59 @@ TEST_F(DialogTest, DoModalWithoutATemplateFails) {
 }
 
 } // namespace
+
+namespace {
+
+class NumberDialog : public CDialog {
+public:
+    CString name = u"start";
+    int count = 7;
+    void DoDataExchange(CDataExchange* dx) override {
+        DDX_Text(dx, 20, name);
+        DDV_MaxChars(dx, name, 5);
+        DDX_Text(dx, 21, count);
+    }
+};
+
+platform::DialogTemplate NumberTemplate() {
+    platform::DialogTemplate t = SettingsTemplate();
+    t.items.push_back(
+        Item(u"EDIT", u"", 20, WS_TABSTOP | WS_BORDER | 0x80 /* ES_AUTOHSCROLL */, 100, 7, 60, 12));
+    t.items.push_back(Item(u"EDIT", u"", 21, WS_TABSTOP | WS_BORDER | 0x80, 100, 24, 60, 12));
+    return t;
+}
+
+TEST_F(DialogTest, TextExchangeValidatesWhatTheUserTyped) {
+    tmpl = NumberTemplate();
+    NumberDialog dialog;
+    dialog.InitModalIndirect(&tmpl);
+    std::vector<std::u16string> shown;
+    auto look = [&shown] { shown.push_back(TextOf(GetDlgItem(GetActiveWindow(), 0xFFFF))); };
+    automation::Do([] {
+        HWND active = GetActiveWindow();
+        EXPECT_EQ(TextOf(GetDlgItem(active, 20)), u"start");
+        EXPECT_EQ(TextOf(GetDlgItem(active, 21)), u"7");
+        SetWindowText(GetDlgItem(active, 20), u"far too long");
+        SetWindowText(GetDlgItem(active, 21), u" 12x");
+    });
+    automation::Key(VK_RETURN); // the name is too long: a message, and the dialog stays
+    automation::Do(look);
+    automation::AnswerMessageBox(IDOK);
+    automation::Do([] {
+        // The focus went back to the field that failed, its text selected.
+        EXPECT_EQ(GetDlgCtrlID(GetFocus()), 20);
+        SetWindowText(GetFocus(), u"short");
+    });
+    automation::Key(VK_RETURN); // now the number is not one
+    automation::Do(look);
+    automation::AnswerMessageBox(IDOK);
+    automation::Do([] { SetWindowText(GetDlgItem(GetActiveWindow(), 21), u" -42 "); });
+    automation::Key(VK_RETURN);
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_EQ(shown, (std::vector<std::u16string>{u"Enter no more than 5 characters.",
+                                                  u"Please enter an integer."}));
+    EXPECT_EQ(dialog.name, u"short");
+    EXPECT_EQ(dialog.count, -42);
+}
+
+} // namespace
