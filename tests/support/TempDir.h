@@ -6,7 +6,8 @@
 
 namespace testing_support {
 
-// WIN_TEST_OUT (set by CTest) or the system's temporary directory, plus name.
+// WIN_TEST_OUT (set by CTest) or the system's temporary directory, plus name and
+// the running test's suite and name; emptied at every call.
 std::filesystem::path TestOutputDir(const std::string& name);
 
 } // namespace testing_support
