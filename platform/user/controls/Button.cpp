@@ -334,10 +334,12 @@ LRESULT ButtonProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
             state->check = check;
             Redraw(hwnd);
         }
-        // A checked radio button becomes a tab stop, as on the original.
-        if (IsRadio(type) && check == BST_CHECKED) {
+        // Only the checked radio button of a group is a tab stop, as on the
+        // original, so Tab enters the group at its choice.
+        if (IsRadio(type)) {
             auto style = static_cast<DWORD>(GetWindowLongPtr(hwnd, GWL_STYLE));
-            SetWindowLongPtr(hwnd, GWL_STYLE, static_cast<LONG_PTR>(style | WS_TABSTOP));
+            style = check ? (style | WS_TABSTOP) : (style & ~static_cast<DWORD>(WS_TABSTOP));
+            SetWindowLongPtr(hwnd, GWL_STYLE, static_cast<LONG_PTR>(style));
         }
         return 0;
     }

@@ -372,3 +372,52 @@ TEST_F(DialogTest, TextExchangeValidatesWhatTheUserTyped) {
 }
 
 } // namespace
+
+namespace {
+
+INT_PTR OkOnlyProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
+    if (message == WM_INITDIALOG)
+        return TRUE;
+    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
+        EndDialog(hwnd, LOWORD(wParam));
+        return TRUE;
+    }
+    return FALSE;
+}
+
+TEST_F(DialogTest, ArrowKeysMoveThroughARadioGroupAndCheckTheButtonTheyReach) {
+    constexpr DWORD kAutoRadio = 9;
+    tmpl.items.clear();
+    tmpl.items.push_back(
+        Item(u"BUTTON", u"Comma", 30, kAutoRadio | WS_GROUP | WS_TABSTOP, 7, 7, 60, 10));
+    tmpl.items.push_back(Item(u"BUTTON", u"Tab", 31, kAutoRadio, 7, 19, 60, 10));
+    tmpl.items.push_back(Item(u"BUTTON", u"Space", 32, kAutoRadio, 7, 31, 60, 10));
+    tmpl.items.push_back(Item(u"BUTTON", u"OK", IDOK, 1 | WS_GROUP | WS_TABSTOP, 89, 69, 50, 14));
+    std::vector<int> checks;
+    auto read = [&checks] {
+        HWND dialog = GetActiveWindow();
+        checks.clear();
+        for (int id = 30; id <= 32; ++id)
+            checks.push_back(
+                static_cast<int>(SendMessage(GetDlgItem(dialog, id), BM_GETCHECK, 0, 0)));
+    };
+    automation::Click(30);
+    automation::Key(VK_DOWN);
+    automation::Key(VK_DOWN);
+    automation::Do([&] {
+        read();
+        EXPECT_EQ(checks, (std::vector<int>{0, 0, 1}));
+        EXPECT_EQ(GetDlgCtrlID(GetFocus()), 32);
+    });
+    automation::Key(VK_DOWN); // the group wraps round to its first button
+    automation::Do([&] {
+        read();
+        EXPECT_EQ(checks, (std::vector<int>{1, 0, 0}));
+    });
+    automation::Key(VK_TAB); // Tab leaves the group for the next tab stop
+    automation::Do([] { EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDOK); });
+    automation::Key(VK_RETURN);
+    EXPECT_EQ(DialogBoxIndirectParam(nullptr, &tmpl, nullptr, OkOnlyProc, 0), IDOK);
+}
+
+} // namespace
