@@ -6,11 +6,14 @@
 #include <platform/GdiObjects.h>
 #include <platform/ResourceTemplates.h>
 
+#include <support/DialogItems.h>
 #include <support/TempDir.h>
 
 #include <gtest/gtest.h>
 
 namespace {
+
+using testing_support::DialogItem;
 
 namespace automation = platform::automation;
 using controls_test::Narrow;
@@ -20,20 +23,6 @@ constexpr UINT kComboId = 200;
 constexpr UINT kListId = 201;
 constexpr UINT kEditId = 101;
 constexpr UINT kCheckId = 102;
-
-platform::DialogItemTemplate Item(const char16_t* cls, UINT id, DWORD style, short x, short y,
-                                  short cx, short cy, const char16_t* text = u"") {
-    platform::DialogItemTemplate item;
-    item.className = cls;
-    item.text = text;
-    item.id = id;
-    item.style = WS_CHILD | WS_VISIBLE | style;
-    item.x = x;
-    item.y = y;
-    item.cx = cx;
-    item.cy = cy;
-    return item;
-}
 
 platform::DialogTemplate ComboTemplate() {
     platform::DialogTemplate t;
@@ -45,15 +34,17 @@ platform::DialogTemplate ComboTemplate() {
     t.y = 10;
     t.cx = 200;
     t.cy = 110;
+    t.items.push_back(DialogItem(u"COMBOBOX", u"", kComboId,
+                                 CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_TABSTOP, 7, 7, 100, 60));
     t.items.push_back(
-        Item(u"COMBOBOX", kComboId, CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_TABSTOP, 7, 7, 100, 60));
-    t.items.push_back(Item(u"COMBOBOX", kListId, CBS_DROPDOWNLIST | WS_TABSTOP, 7, 25, 100, 60));
+        DialogItem(u"COMBOBOX", u"", kListId, CBS_DROPDOWNLIST | WS_TABSTOP, 7, 25, 100, 60));
     t.items.push_back(
-        Item(u"EDIT", kEditId, WS_BORDER | ES_AUTOHSCROLL | WS_TABSTOP, 7, 43, 100, 14));
+        DialogItem(u"EDIT", u"", kEditId, WS_BORDER | ES_AUTOHSCROLL | WS_TABSTOP, 7, 43, 100, 14));
+    t.items.push_back(DialogItem(u"BUTTON", u"Header row", kCheckId, BS_AUTOCHECKBOX | WS_TABSTOP,
+                                 7, 61, 100, 10));
     t.items.push_back(
-        Item(u"BUTTON", kCheckId, BS_AUTOCHECKBOX | WS_TABSTOP, 7, 61, 100, 10, u"Header row"));
-    t.items.push_back(Item(u"BUTTON", IDOK, BS_DEFPUSHBUTTON | WS_TABSTOP, 89, 89, 50, 14, u"OK"));
-    t.items.push_back(Item(u"BUTTON", IDCANCEL, WS_TABSTOP, 143, 89, 50, 14, u"Cancel"));
+        DialogItem(u"BUTTON", u"OK", IDOK, BS_DEFPUSHBUTTON | WS_TABSTOP, 89, 89, 50, 14));
+    t.items.push_back(DialogItem(u"BUTTON", u"Cancel", IDCANCEL, WS_TABSTOP, 143, 89, 50, 14));
     return t;
 }
 

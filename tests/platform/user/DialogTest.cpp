@@ -1,6 +1,8 @@
 // The dialog manager and the framework's dialogs, driven by the simulated
 // user: templates become windows in pixels, the keyboard interface, default
 // buttons, modal loops (nested ones too) and data exchange.
+#include "support/DialogItems.h"
+
 #include <afxwin.h>
 #include <platform/Automation.h>
 #include <platform/DialogUnits.h>
@@ -13,24 +15,12 @@
 
 namespace {
 
+using testing_support::DialogItem;
+
 namespace automation = platform::automation;
 
 constexpr UINT kCheckId = 10;
 constexpr UINT kApplyId = 11;
-
-platform::DialogItemTemplate Item(const char16_t* cls, const char16_t* text, UINT id, DWORD style,
-                                  short x, short y, short cx, short cy) {
-    platform::DialogItemTemplate item;
-    item.className = cls;
-    item.text = text;
-    item.id = id;
-    item.style = WS_CHILD | WS_VISIBLE | style;
-    item.x = x;
-    item.y = y;
-    item.cx = cx;
-    item.cy = cy;
-    return item;
-}
 
 platform::DialogTemplate SettingsTemplate() {
     platform::DialogTemplate t;
@@ -40,11 +30,11 @@ platform::DialogTemplate SettingsTemplate() {
     t.faceName = u"MS Shell Dlg";
     t.cx = 200;
     t.cy = 90;
-    t.items.push_back(Item(u"STATIC", u"Choose:", 0xFFFF, 0, 7, 7, 60, 8));
-    t.items.push_back(Item(u"BUTTON", u"&Remember", kCheckId, 3 | WS_TABSTOP, 7, 20, 80, 10));
-    t.items.push_back(Item(u"BUTTON", u"Apply", kApplyId, WS_TABSTOP, 7, 69, 50, 14));
-    t.items.push_back(Item(u"BUTTON", u"OK", IDOK, 1 | WS_TABSTOP, 89, 69, 50, 14));
-    t.items.push_back(Item(u"BUTTON", u"Cancel", IDCANCEL, WS_TABSTOP, 143, 69, 50, 14));
+    t.items.push_back(DialogItem(u"STATIC", u"Choose:", 0xFFFF, 0, 7, 7, 60, 8));
+    t.items.push_back(DialogItem(u"BUTTON", u"&Remember", kCheckId, 3 | WS_TABSTOP, 7, 20, 80, 10));
+    t.items.push_back(DialogItem(u"BUTTON", u"Apply", kApplyId, WS_TABSTOP, 7, 69, 50, 14));
+    t.items.push_back(DialogItem(u"BUTTON", u"OK", IDOK, 1 | WS_TABSTOP, 89, 69, 50, 14));
+    t.items.push_back(DialogItem(u"BUTTON", u"Cancel", IDCANCEL, WS_TABSTOP, 143, 69, 50, 14));
     return t;
 }
 
@@ -123,7 +113,7 @@ TEST_F(DialogTest, TemplateUnitsBecomePixelsThroughTheDialogFont) {
 }
 
 TEST_F(DialogTest, AnUnknownControlClassFailsTheDialog) {
-    tmpl.items.push_back(Item(u"NoSuchClass", u"", 50, 0, 0, 0, 10, 10));
+    tmpl.items.push_back(DialogItem(u"NoSuchClass", u"", 50, 0, 0, 0, 10, 10));
     EXPECT_EQ(CreateDialogIndirectParam(nullptr, &tmpl, nullptr, EndingProc, 0), nullptr);
     EXPECT_EQ(Run(), -1);
 }
@@ -332,9 +322,9 @@ public:
 
 platform::DialogTemplate NumberTemplate() {
     platform::DialogTemplate t = SettingsTemplate();
-    t.items.push_back(
-        Item(u"EDIT", u"", 20, WS_TABSTOP | WS_BORDER | 0x80 /* ES_AUTOHSCROLL */, 100, 7, 60, 12));
-    t.items.push_back(Item(u"EDIT", u"", 21, WS_TABSTOP | WS_BORDER | 0x80, 100, 24, 60, 12));
+    t.items.push_back(DialogItem(
+        u"EDIT", u"", 20, WS_TABSTOP | WS_BORDER | 0x80 /* ES_AUTOHSCROLL */, 100, 7, 60, 12));
+    t.items.push_back(DialogItem(u"EDIT", u"", 21, WS_TABSTOP | WS_BORDER | 0x80, 100, 24, 60, 12));
     return t;
 }
 
@@ -389,10 +379,11 @@ TEST_F(DialogTest, ArrowKeysMoveThroughARadioGroupAndCheckTheButtonTheyReach) {
     constexpr DWORD kAutoRadio = 9;
     tmpl.items.clear();
     tmpl.items.push_back(
-        Item(u"BUTTON", u"Comma", 30, kAutoRadio | WS_GROUP | WS_TABSTOP, 7, 7, 60, 10));
-    tmpl.items.push_back(Item(u"BUTTON", u"Tab", 31, kAutoRadio, 7, 19, 60, 10));
-    tmpl.items.push_back(Item(u"BUTTON", u"Space", 32, kAutoRadio, 7, 31, 60, 10));
-    tmpl.items.push_back(Item(u"BUTTON", u"OK", IDOK, 1 | WS_GROUP | WS_TABSTOP, 89, 69, 50, 14));
+        DialogItem(u"BUTTON", u"Comma", 30, kAutoRadio | WS_GROUP | WS_TABSTOP, 7, 7, 60, 10));
+    tmpl.items.push_back(DialogItem(u"BUTTON", u"Tab", 31, kAutoRadio, 7, 19, 60, 10));
+    tmpl.items.push_back(DialogItem(u"BUTTON", u"Space", 32, kAutoRadio, 7, 31, 60, 10));
+    tmpl.items.push_back(
+        DialogItem(u"BUTTON", u"OK", IDOK, 1 | WS_GROUP | WS_TABSTOP, 89, 69, 50, 14));
     std::vector<int> checks;
     auto read = [&checks] {
         HWND dialog = GetActiveWindow();

@@ -11,7 +11,9 @@
 
 #include <wingdi.h>
 
+#include "support/DialogItems.h"
 #include <cairo.h>
+
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -22,6 +24,8 @@
 #include "support/TempDir.h"
 
 namespace {
+
+using testing_support::DialogItem;
 
 constexpr COLORREF kBlue = RGB(20, 40, 200);
 constexpr COLORREF kGreen = RGB(30, 160, 60);
@@ -268,20 +272,6 @@ INT_PTR QuietDialogProc(HWND, UINT message, WPARAM, LPARAM) {
     return message == WM_INITDIALOG ? TRUE : FALSE;
 }
 
-platform::DialogItemTemplate Item(const char16_t* cls, const char16_t* text, UINT id, DWORD style,
-                                  short x, short y, short cx, short cy) {
-    platform::DialogItemTemplate item;
-    item.className = cls;
-    item.text = text;
-    item.id = id;
-    item.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | style;
-    item.x = x;
-    item.y = y;
-    item.cx = cx;
-    item.cy = cy;
-    return item;
-}
-
 TEST_F(PictureTest, ADialogsPictureHasItsCaptionAndControls) {
     platform::DialogTemplate t;
     t.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_SETFONT | WS_VISIBLE;
@@ -292,10 +282,12 @@ TEST_F(PictureTest, ADialogsPictureHasItsCaptionAndControls) {
     t.y = 300;
     t.cx = 180;
     t.cy = 70;
-    t.items.push_back(Item(u"STATIC", u"Write the list to a file:", 0xFFFF, SS_LEFT, 7, 7, 120, 8));
-    t.items.push_back(Item(u"BUTTON", u"Include headings", 10, BS_AUTOCHECKBOX, 7, 22, 100, 10));
-    t.items.push_back(Item(u"BUTTON", u"OK", IDOK, BS_DEFPUSHBUTTON, 69, 49, 50, 14));
-    t.items.push_back(Item(u"BUTTON", u"Cancel", IDCANCEL, BS_PUSHBUTTON, 123, 49, 50, 14));
+    t.items.push_back(
+        DialogItem(u"STATIC", u"Write the list to a file:", 0xFFFF, SS_LEFT, 7, 7, 120, 8));
+    t.items.push_back(
+        DialogItem(u"BUTTON", u"Include headings", 10, BS_AUTOCHECKBOX, 7, 22, 100, 10));
+    t.items.push_back(DialogItem(u"BUTTON", u"OK", IDOK, BS_DEFPUSHBUTTON, 69, 49, 50, 14));
+    t.items.push_back(DialogItem(u"BUTTON", u"Cancel", IDCANCEL, BS_PUSHBUTTON, 123, 49, 50, 14));
     HWND dialog = CreateDialogIndirectParam(nullptr, &t, nullptr, QuietDialogProc, 0);
     ASSERT_NE(dialog, nullptr);
     platform::PumpMessages();
