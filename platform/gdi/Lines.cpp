@@ -46,28 +46,6 @@ void CosmeticLine(DeviceContext& dc, int x0, int y0, int x1, int y1, COLORREF co
     }
 }
 
-cairo_line_cap_t Cap(DWORD style) {
-    switch (style & PS_ENDCAP_MASK) {
-    case PS_ENDCAP_FLAT:
-        return CAIRO_LINE_CAP_BUTT;
-    case PS_ENDCAP_SQUARE:
-        return CAIRO_LINE_CAP_SQUARE;
-    default:
-        return CAIRO_LINE_CAP_ROUND;
-    }
-}
-
-cairo_line_join_t Join(DWORD style) {
-    switch (style & PS_JOIN_MASK) {
-    case PS_JOIN_BEVEL:
-        return CAIRO_LINE_JOIN_BEVEL;
-    case PS_JOIN_MITER:
-        return CAIRO_LINE_JOIN_MITER;
-    default:
-        return CAIRO_LINE_JOIN_ROUND;
-    }
-}
-
 void TracePath(cairo_t* cr, const POINT* points, int count, bool close) {
     cairo_new_path(cr);
     cairo_move_to(cr, points[0].x + 0.5, points[0].y + 0.5);
@@ -128,8 +106,8 @@ void Stroke(DeviceContext& dc, const Pen& pen, const POINT* points, int count, b
         return;
     TracePath(dc.cr, points, count, close);
     cairo_set_line_width(dc.cr, pen.width < 1 ? 1 : pen.width);
-    cairo_set_line_cap(dc.cr, Cap(pen.style));
-    cairo_set_line_join(dc.cr, Join(pen.style));
+    cairo_set_line_cap(dc.cr, CairoCap(pen.style));
+    cairo_set_line_join(dc.cr, CairoJoin(pen.style));
     SetSource(dc, pen.color);
     cairo_stroke(dc.cr);
 }
@@ -141,6 +119,29 @@ void RecordPoints(DeviceContext& dc, const char* op, const POINT* points, int co
 }
 
 } // namespace
+
+cairo_line_cap_t CairoCap(DWORD style) {
+    switch (style & PS_ENDCAP_MASK) {
+    case PS_ENDCAP_FLAT:
+        return CAIRO_LINE_CAP_BUTT;
+    case PS_ENDCAP_SQUARE:
+        return CAIRO_LINE_CAP_SQUARE;
+    default:
+        return CAIRO_LINE_CAP_ROUND;
+    }
+}
+
+cairo_line_join_t CairoJoin(DWORD style) {
+    switch (style & PS_JOIN_MASK) {
+    case PS_JOIN_BEVEL:
+        return CAIRO_LINE_JOIN_BEVEL;
+    case PS_JOIN_MITER:
+        return CAIRO_LINE_JOIN_MITER;
+    default:
+        return CAIRO_LINE_JOIN_ROUND;
+    }
+}
+
 } // namespace platform::gdi
 
 using namespace platform::gdi;

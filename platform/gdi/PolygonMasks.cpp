@@ -48,28 +48,6 @@ std::vector<Masks>& Cache() {
     return *cache;
 }
 
-cairo_line_cap_t CapOf(DWORD style) {
-    switch (style & PS_ENDCAP_MASK) {
-    case PS_ENDCAP_FLAT:
-        return CAIRO_LINE_CAP_BUTT;
-    case PS_ENDCAP_SQUARE:
-        return CAIRO_LINE_CAP_SQUARE;
-    default:
-        return CAIRO_LINE_CAP_ROUND;
-    }
-}
-
-cairo_line_join_t JoinOf(DWORD style) {
-    switch (style & PS_JOIN_MASK) {
-    case PS_JOIN_BEVEL:
-        return CAIRO_LINE_JOIN_BEVEL;
-    case PS_JOIN_MITER:
-        return CAIRO_LINE_JOIN_MITER;
-    default:
-        return CAIRO_LINE_JOIN_ROUND;
-    }
-}
-
 // Renders the shape as Polygon's Cairo path does, fill and outline apart.
 bool Render(Masks& masks) {
     const Shape& shape = masks.shape;
@@ -97,8 +75,8 @@ bool Render(Masks& masks) {
             cairo_fill(cr);
         } else {
             cairo_set_line_width(cr, shape.penWidth);
-            cairo_set_line_cap(cr, CapOf(shape.penStyle));
-            cairo_set_line_join(cr, JoinOf(shape.penStyle));
+            cairo_set_line_cap(cr, CairoCap(shape.penStyle));
+            cairo_set_line_join(cr, CairoJoin(shape.penStyle));
             cairo_stroke(cr);
         }
         cairo_destroy(cr);
