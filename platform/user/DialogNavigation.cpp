@@ -58,6 +58,8 @@ HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous) {
 }
 
 HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous) {
+    if (!IsWindow(dialog))
+        return nullptr;
     control = DirectChild(dialog, control);
     if (!control)
         return nullptr;
@@ -66,6 +68,9 @@ HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous) {
     for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
         all.push_back(child);
     auto at = std::find(all.begin(), all.end(), control);
+    // A pop-up the dialog owns has the dialog as its parent but is none of its controls.
+    if (at == all.end())
+        return nullptr;
     auto first = at;
     while (first != all.begin() && !(Style(*first) & WS_GROUP))
         --first;
