@@ -14,7 +14,7 @@ std::vector<std::string>& HostLog() {
 LRESULT HostProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_COMMAND && lParam) {
         auto control = reinterpret_cast<HWND>(lParam);
-        HostLog().push_back(CodeName(HIWORD(wParam), IsComboId(LOWORD(wParam))) + ":" +
+        HostLog().push_back(CodeName(HIWORD(wParam), LOWORD(wParam)) + ":" +
                             Narrow(TextOf(control)));
         return 0;
     }
@@ -88,8 +88,10 @@ std::vector<std::string>& Host::Log() {
     return HostLog();
 }
 
-std::string CodeName(UINT code, bool combo) {
-    if (combo) {
+std::string CodeName(UINT code, UINT id) {
+    if (IsButtonId(id))
+        return code == BN_CLICKED ? "clicked" : "bn" + std::to_string(code);
+    if (IsComboId(id)) {
         switch (code) {
         case CBN_SELCHANGE:
             return "selchange";

@@ -23,6 +23,11 @@ inline bool IsComboId(UINT id) {
     return id >= 200 && id < 300;
 }
 
+// Controls with ids from 300 to 399 are buttons.
+inline bool IsButtonId(UINT id) {
+    return id >= 300 && id < 400;
+}
+
 // A visible top-level window at (x, y) on the desktop. Each WM_COMMAND from
 // a control is logged as "<code>:<control's text at that moment>".
 class Host {
@@ -41,8 +46,8 @@ private:
     HWND m_hwnd = nullptr;
 };
 
-// The name a log entry uses for an edit or combo box notification.
-std::string CodeName(UINT code, bool combo);
+// The name a log entry uses for an edit, combo box or button notification.
+std::string CodeName(UINT code, UINT id);
 
 // The dark pixels' rows of a window's client area, as bands of adjacent rows
 // (top, bottom exclusive).
