@@ -121,3 +121,75 @@ TEST_F(WndTest, FontsAndMessagesToDescendants) {
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(WndTest, FocusActivationAndTheEnabledStateThroughCWnd) {
+    CWnd other;
+    ASSERT_TRUE(other.CreateEx(WS_EX_TOOLWINDOW, nullptr, u"Other tool", WS_POPUP | WS_VISIBLE,
+                               CRect(0, 0, 50, 50), nullptr, 0));
+    CWnd child;
+    ASSERT_TRUE(
+        child.Create(nullptr, u"Child", WS_CHILD | WS_VISIBLE, CRect(10, 10, 60, 40), &main, 7));
+    EXPECT_EQ(other.GetExStyle() & WS_EX_TOOLWINDOW, static_cast<DWORD>(WS_EX_TOOLWINDOW));
+    EXPECT_EQ(main.GetExStyle() & WS_EX_TOOLWINDOW, 0u);
+    EXPECT_EQ(other.GetWindowTextLength(), 10);
+
+    main.SetActiveWindow();
+    EXPECT_EQ(CWnd::GetActiveWindow(), &main);
+    other.SetActiveWindow();
+    EXPECT_EQ(CWnd::GetActiveWindow(), &other);
+    EXPECT_TRUE(main.SetForegroundWindow());
+    EXPECT_EQ(CWnd::GetForegroundWindow(), &main);
+    main.BringWindowToTop();
+    EXPECT_EQ(::GetTopWindow(nullptr), main.m_hWnd);
+    other.BringWindowToTop();
+    EXPECT_EQ(::GetTopWindow(nullptr), other.m_hWnd);
+
+    child.SetFocus();
+    EXPECT_EQ(CWnd::GetFocus(), &child);
+    // EnableWindow answers whether the window was disabled before.
+    EXPECT_FALSE(child.EnableWindow(FALSE));
+    EXPECT_FALSE(child.IsWindowEnabled());
+    EXPECT_NE(CWnd::GetFocus(), &child);
+    EXPECT_TRUE(child.EnableWindow(TRUE));
+    EXPECT_TRUE(child.IsWindowEnabled());
+
+    // Failures: a second creation, a second attachment, a dead handle.
+    EXPECT_FALSE(child.Create(nullptr, u"Again", WS_CHILD, CRect(0, 0, 1, 1), &main, 8));
+    CWnd stranger;
+    EXPECT_FALSE(stranger.Attach(nullptr));
+    EXPECT_FALSE(stranger.Attach(child.m_hWnd));
+    EXPECT_FALSE(stranger.DestroyWindow());
+    HWND dead = other.m_hWnd;
+    other.DestroyWindow();
+    EXPECT_EQ(other.m_hWnd, nullptr);
+    EXPECT_FALSE(stranger.SubclassWindow(dead));
+    EXPECT_EQ(stranger.m_hWnd, nullptr);
+    child.DestroyWindow();
+}
+
+TEST_F(WndTest, AChildCentresInItsParentAndAStyleChangeCanRedoTheFrame) {
+    CWnd child;
+    ASSERT_TRUE(
+        child.Create(nullptr, u"Child", WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 50), &main, 7));
+    child.CenterWindow();
+    CRect parentArea;
+    main.GetWindowRect(&parentArea);
+    CRect mine;
+    child.GetWindowRect(&mine);
+    EXPECT_EQ(mine.left - parentArea.left, parentArea.right - mine.right);
+    EXPECT_EQ(mine.top - parentArea.top, parentArea.bottom - mine.bottom);
+
+    // A border added with a frame change takes its pixels from the client area.
+    CRect before;
+    child.GetClientRect(&before);
+    EXPECT_TRUE(child.ModifyStyle(0, WS_BORDER, SWP_FRAMECHANGED));
+    CRect after;
+    child.GetClientRect(&after);
+    EXPECT_EQ(after.Width(), before.Width() - 2);
+    EXPECT_EQ(after.Height(), before.Height() - 2);
+    child.DestroyWindow();
+}
+
+} // namespace
