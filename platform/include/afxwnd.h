@@ -141,6 +141,10 @@ public:
     // Data exchange between the window's controls and the object's members:
     // saveAndValidate TRUE reads the controls. FALSE when a validation failed.
     BOOL UpdateData(BOOL saveAndValidate = TRUE);
+    // Sends the controls the initialisation data (DLGINIT) stored under the
+    // dialog resource's name, such as combo box list items. TRUE when there
+    // is none; FALSE when a control refused an item.
+    BOOL ExecuteDlgInit(LPCTSTR resourceName);
 
     // Runs messages until EndModalLoop; returns its result. A loop that runs
     // out of messages asks the platform's idle handler (the simulated user)
