@@ -70,7 +70,10 @@ typedef struct tagOFNW {
     DWORD FlagsEx;
 } OPENFILENAMEW, *LPOPENFILENAMEW, OPENFILENAME, *LPOPENFILENAME;
 
-// Run the platform's file dialog modally over hwndOwner. TRUE when the user
+// Run the platform's file dialog modally over hwndOwner. The process's
+// current directory never changes, whatever OFN_NOCHANGEDIR says.
+// OFN_OVERWRITEPROMPT asks only in the save form, OFN_FILEMUSTEXIST and
+// OFN_CREATEPROMPT act only in the open form, as the original's do. TRUE when the user
 // chose a file (its full path is in lpstrFile); FALSE when the user
 // cancelled (CommDlgExtendedError gives 0) or the request was bad (it gives
 // the reason).

@@ -163,10 +163,12 @@ void Activate(HWND hwnd, DialogState& state, int item) {
 }
 
 void OnOk(HWND hwnd, DialogState& state) {
+    // Enter on a folder of the list enters it.
     HWND list = GetDlgItem(hwnd, lst1);
-    if (GetFocus() == list && SelectedItem(list) >= 0 &&
-        state.entries[static_cast<std::size_t>(SelectedItem(list))].folder) {
-        Activate(hwnd, state, SelectedItem(list));
+    int selected = SelectedItem(list);
+    if (GetFocus() == list && selected >= 0 && selected < static_cast<int>(state.entries.size()) &&
+        state.entries[static_cast<std::size_t>(selected)].folder) {
+        Activate(hwnd, state, selected);
         return;
     }
     if (AcceptTypedName(hwnd, state, FieldText(GetDlgItem(hwnd, edt1))))
