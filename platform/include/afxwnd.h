@@ -15,6 +15,14 @@ public:
     // set, only reports whether a handler exists.
     virtual BOOL OnCmdMsg(UINT nID, int nCode, void* extra, void* handlerInfo);
 
+    // The wait cursor, through the application's DoWaitCursor (a count kept
+    // by the platform when there is no application object): Begin shows it,
+    // End takes one level away, Restore shows it again after something
+    // changed the cursor while it should still show.
+    void BeginWaitCursor();
+    void EndWaitCursor();
+    void RestoreWaitCursor();
+
 protected:
     static const AFX_MSGMAP* GetThisMessageMap();
     virtual const AFX_MSGMAP* GetMessageMap() const;
