@@ -1,9 +1,6 @@
 #include "Win/export/CExportFormatDlg.h"
 
-#if __has_include(<afxdlgs.h>)
 #include <afxdlgs.h>
-#define HAVE_FDLG 1
-#endif
 
 BEGIN_MESSAGE_MAP(CExportFormatDlg, CDialog)
 ON_CBN_EDITCHANGE(CExportFormatDlg::IDC_DELIMITER, OnEditchangeDelimiter)
@@ -106,12 +103,10 @@ void CExportFormatDlg::UpdatePreview() {
 
 void CExportFormatDlg::OnBrowseFile() {
     UpdateData(TRUE);
-#ifdef HAVE_FDLG
     CString filter;
     filter.LoadString(IDS_FILE_FILTER);
     constexpr DWORD kFlags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST;
     CFileDialog dialog(TRUE, u"txt", m_format.GetFilename(), kFlags, filter, nullptr);
     if (dialog.DoModal() == IDOK)
         SetDlgItemText(IDC_FILENAME, dialog.GetPathName());
-#endif
 }

@@ -34,9 +34,7 @@ bool WinUtils::ExportListCtrlData(CListCtrl& list) {
         AfxMessageBox(LoadFormatted(IDS_EXPORT_OPEN_FAILED, file.GetError()), MB_OK | MB_ICONSTOP);
         return false;
     }
-#if __has_include(<afxdlgs.h>)
     CWaitCursor wait;
-#endif
 
     const int rows = list.GetItemCount();
     const int columns = ColumnCount(list);
