@@ -3,6 +3,9 @@
 #include "Win/export/CExportFormatDlg.h"
 #include "Win/utils/WinUtils.h"
 
+#include <string>
+#include <vector>
+
 namespace {
 
 // Headings are read into a buffer of this many characters, the last one for
@@ -15,6 +18,28 @@ CString LoadFormatted(UINT id, const CString& argument) {
     CString text;
     text.Format(format, argument.GetString());
     return text;
+}
+
+// Reads a cell's text into text, reusing its storage from cell to cell: the
+// buffer doubles from size until the copied text leaves room to spare, so a
+// text of any length comes whole.
+// The request is built once and only its cell and buffer change.
+void ReadCell(HWND list, int row, int column, LVITEM& request, std::vector<WCHAR>& buffer,
+              CString& text) {
+    for (;;) {
+        const int size = static_cast<int>(buffer.size());
+        request.iSubItem = column;
+        request.pszText = buffer.data();
+        request.cchTextMax = size;
+        const int copied = static_cast<int>(::SendMessage(
+            list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&request)));
+        if (copied < size - 1) {
+            std::char_traits<WCHAR>::copy(text.GetBufferSetLength(copied), buffer.data(),
+                                          static_cast<std::size_t>(copied));
+            return;
+        }
+        buffer.resize(buffer.size() * 2);
+    }
 }
 
 int ColumnCount(CListCtrl& list) {
@@ -51,9 +76,14 @@ bool WinUtils::ExportListCtrlData(CListCtrl& list) {
         }
         file.WriteNewline();
     }
+    CString cell;
+    std::vector<WCHAR> buffer(256);
+    LVITEM request{};
     for (int row = 0; row < rows; ++row) {
-        for (int column = 0; column < columns; ++column)
-            file.WriteField(list.GetItemText(row, column));
+        for (int column = 0; column < columns; ++column) {
+            ReadCell(list.m_hWnd, row, column, request, buffer, cell);
+            file.WriteField(cell);
+        }
         file.WriteNewline();
     }
     file.Close();
