@@ -4,6 +4,7 @@
 #include "Win/controls/CWarningDlg.h"
 #include "Win/export/CExportFile.h"
 #include "Win/export/CExportFormat.h"
+#include "Win/export/CExportFormatDlg.h"
 #include "Win/framework/CSchemaManager.h"
 #include "Win/render/ScreenCharRenderer.h"
 #include "Win/screen/CursorPos.h"

@@ -64,6 +64,9 @@ public:
     BOOL m_titlesShown;
 
 private:
+    // The settings dialog exchanges the name and the titles flag directly.
+    friend class CExportFormatDlg;
+
     // The delimiter and qualifiers in use after mapping the host's display
     // names for tab, space and no qualifier. The names come from the string
     // table, so they are kept only while the resource tables and the settings

@@ -1,6 +1,7 @@
 // Static window utilities; the class has no state.
 #pragma once
 
+#include <afxcmn.h>
 #include <afxwin.h>
 
 class WinUtils {
@@ -16,4 +17,15 @@ public:
     // Replaces the extension (from the last "." of the whole name) by "_",
     // today's date and ".txt"; a name without "." stays as it is.
     static void AppendDateToFileName(CString& name);
+
+    // Asks for the export settings, then writes the list's column headings
+    // (when asked for) and every row to the chosen file and tells the user
+    // where it went. False when the user cancelled or the file could not be
+    // opened (the user is told why); a failed write throws CFileException*.
+    static bool ExportListCtrlData(CListCtrl& list);
+
+    // The host's messages: the file could not be opened (one string
+    // placeholder: the reason), and the list was written (one: the file name).
+    static constexpr UINT IDS_EXPORT_OPEN_FAILED = 698;
+    static constexpr UINT IDS_EXPORT_DONE = 771;
 };

@@ -108,7 +108,9 @@ void CDialog::EndDialog(int result) {
 }
 
 BOOL CDialog::OnInitDialog() {
-    if (!UpdateData(FALSE)) {
+    // The template's list items go in first, so that the data exchange can
+    // select among them.
+    if ((m_lpszTemplateName && !ExecuteDlgInit(m_lpszTemplateName)) || !UpdateData(FALSE)) {
         EndDialog(-1);
         return FALSE;
     }

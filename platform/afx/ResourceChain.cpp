@@ -51,6 +51,11 @@ FoundResource<DialogTemplate> FindDialogTemplate(const ResourceName& name) {
     return SearchChain<DialogTemplate>([&](const ResourceModule& m) { return m.FindDialog(name); });
 }
 
+FoundResource<std::vector<DialogInitEntry>> FindDialogInit(const ResourceName& name) {
+    return SearchChain<std::vector<DialogInitEntry>>(
+        [&](const ResourceModule& m) { return m.FindDialogInit(name); });
+}
+
 FoundResource<MenuTemplate> FindMenuTemplate(const ResourceName& name) {
     return SearchChain<MenuTemplate>([&](const ResourceModule& m) { return m.FindMenu(name); });
 }

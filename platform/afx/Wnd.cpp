@@ -16,6 +16,11 @@ std::unordered_map<HWND, CWnd*>& PermanentMap() {
     return *map;
 }
 
+// The object found last, so that a run of messages to one window skips the
+// hash; every change of the map forgets it.
+HWND g_lastPermanent = nullptr;
+CWnd* g_lastPermanentWnd = nullptr;
+
 // Wrappers for windows no object was created for, kept until the window dies.
 std::unordered_map<HWND, std::unique_ptr<CWnd>>& TemporaryMap() {
     static auto* map = new std::unordered_map<HWND, std::unique_ptr<CWnd>>();
@@ -78,8 +83,14 @@ CWnd::~CWnd() {
 }
 
 CWnd* CWnd::FromHandlePermanent(HWND hwnd) {
+    if (hwnd && hwnd == g_lastPermanent)
+        return g_lastPermanentWnd;
     auto it = PermanentMap().find(hwnd);
-    return it == PermanentMap().end() ? nullptr : it->second;
+    if (it == PermanentMap().end())
+        return nullptr;
+    g_lastPermanent = hwnd;
+    g_lastPermanentWnd = it->second;
+    return it->second;
 }
 
 CWnd* CWnd::FromHandle(HWND hwnd) {
@@ -102,6 +113,7 @@ BOOL CWnd::Attach(HWND hwnd) {
     if (!hwnd || m_hWnd || FromHandlePermanent(hwnd))
         return FALSE;
     m_hWnd = hwnd;
+    g_lastPermanent = nullptr;
     PermanentMap()[hwnd] = this;
     return TRUE;
 }
@@ -110,8 +122,10 @@ HWND CWnd::Detach() {
     HWND hwnd = m_hWnd;
     if (hwnd) {
         auto it = PermanentMap().find(hwnd);
-        if (it != PermanentMap().end() && it->second == this)
+        if (it != PermanentMap().end() && it->second == this) {
+            g_lastPermanent = nullptr;
             PermanentMap().erase(it);
+        }
     }
     m_hWnd = nullptr;
     return hwnd;

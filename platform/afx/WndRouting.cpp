@@ -13,16 +13,24 @@ extern HWND g_lockoutNotifyWindow;
 namespace {
 
 // The messages being handled, innermost last, for Default().
-std::vector<MSG>& CurrentMessages() {
-    static thread_local std::vector<MSG> stack;
-    return stack;
-}
+// The messages being handled, innermost first: each call of a window's
+// procedure links a node on its own stack frame, so Default() can pass the
+// current message on. Initial-exec: the library is loaded with the program,
+// and the general model would call into the loader for every message.
+struct CurrentMessage;
+[[gnu::tls_model("initial-exec")]] thread_local CurrentMessage* t_currentMessage = nullptr;
 
 struct CurrentMessage {
-    CurrentMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-        CurrentMessages().push_back(MSG{hwnd, message, wParam, lParam, 0, POINT{0, 0}});
+    CurrentMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+        : msg{hwnd, message, wParam, lParam, 0, POINT{0, 0}}, outer(t_currentMessage) {
+        t_currentMessage = this;
     }
-    ~CurrentMessage() { CurrentMessages().pop_back(); }
+    ~CurrentMessage() { t_currentMessage = outer; }
+    CurrentMessage(const CurrentMessage&) = delete;
+    CurrentMessage& operator=(const CurrentMessage&) = delete;
+
+    MSG msg;
+    CurrentMessage* outer;
 };
 
 } // namespace
@@ -80,9 +88,9 @@ LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CWnd::Default() {
-    if (CurrentMessages().empty())
+    if (!t_currentMessage)
         return 0;
-    const MSG& msg = CurrentMessages().back();
+    const MSG& msg = t_currentMessage->msg;
     return DefWindowProc(msg.message, msg.wParam, msg.lParam);
 }
 

@@ -54,6 +54,13 @@ public:
     // Writes each byte as two letters 'A' + nibble, the low nibble first.
     BOOL WriteProfileBinary(LPCTSTR section, LPCTSTR entry, LPBYTE data, UINT bytes);
 
+    // The wait cursor's nesting: 1 begins a level (the first one remembers the
+    // cursor it replaces), -1 ends one (the last one puts that cursor back), 0
+    // shows the wait cursor again while a level is open.
+    virtual void DoWaitCursor(int nCode);
+    int m_nWaitCursorCount = 0;
+    HCURSOR m_hcurWaitCursorRestore = ::LoadCursor(nullptr, IDC_ARROW);
+
 protected:
     // Keeps settings per company: m_pszRegistryKey becomes company and
     // m_pszProfileName the application's name.
@@ -73,3 +80,16 @@ private:
 CWinApp* AfxGetApp();
 
 #define AFX_IDS_APP_TITLE 0xE000
+
+// Shows the wait cursor for its lifetime; nested ones keep it until the
+// outermost ends.
+class CWaitCursor {
+public:
+    CWaitCursor();
+    ~CWaitCursor();
+    CWaitCursor(const CWaitCursor&) = delete;
+    CWaitCursor& operator=(const CWaitCursor&) = delete;
+    // Shows the wait cursor again, after a message box or another window
+    // changed the cursor.
+    void Restore();
+};

@@ -132,3 +132,4 @@ private:
 #include "afxdll_.h"
 #include "afxwnd.h"
 #include "afxapp.h"
+#include "afxdlgs.h"

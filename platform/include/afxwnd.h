@@ -15,6 +15,14 @@ public:
     // set, only reports whether a handler exists.
     virtual BOOL OnCmdMsg(UINT nID, int nCode, void* extra, void* handlerInfo);
 
+    // The wait cursor, through the application's DoWaitCursor (a count kept
+    // by the platform when there is no application object): Begin shows it,
+    // End takes one level away, Restore shows it again after something
+    // changed the cursor while it should still show.
+    void BeginWaitCursor();
+    void EndWaitCursor();
+    void RestoreWaitCursor();
+
 protected:
     static const AFX_MSGMAP* GetThisMessageMap();
     virtual const AFX_MSGMAP* GetMessageMap() const;
@@ -141,6 +149,10 @@ public:
     // Data exchange between the window's controls and the object's members:
     // saveAndValidate TRUE reads the controls. FALSE when a validation failed.
     BOOL UpdateData(BOOL saveAndValidate = TRUE);
+    // Sends the controls the initialisation data (DLGINIT) stored under the
+    // dialog resource's name, such as combo box list items. TRUE when there
+    // is none; FALSE when a control refused an item.
+    BOOL ExecuteDlgInit(LPCTSTR resourceName);
 
     // Runs messages until EndModalLoop; returns its result. A loop that runs
     // out of messages asks the platform's idle handler (the simulated user)

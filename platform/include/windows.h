@@ -5,3 +5,4 @@
 #include "windef.h"
 #include "wingdi.h"
 #include "winuser.h"
+#include "commdlg.h"

@@ -207,6 +207,32 @@ int FrameRect(HDC hdc, const RECT* rect, HBRUSH brush);
 #define IDCONTINUE 11
 #define IDC_STATIC (-1)
 
+// The system's shared cursors (LoadCursor with a null instance).
+#define IDC_ARROW MAKEINTRESOURCE(32512)
+#define IDC_IBEAM MAKEINTRESOURCE(32513)
+#define IDC_WAIT MAKEINTRESOURCE(32514)
+#define IDC_CROSS MAKEINTRESOURCE(32515)
+#define IDC_UPARROW MAKEINTRESOURCE(32516)
+#define IDC_SIZENWSE MAKEINTRESOURCE(32642)
+#define IDC_SIZENESW MAKEINTRESOURCE(32643)
+#define IDC_SIZEWE MAKEINTRESOURCE(32644)
+#define IDC_SIZENS MAKEINTRESOURCE(32645)
+#define IDC_SIZEALL MAKEINTRESOURCE(32646)
+#define IDC_NO MAKEINTRESOURCE(32648)
+#define IDC_HAND MAKEINTRESOURCE(32649)
+#define IDC_APPSTARTING MAKEINTRESOURCE(32650)
+#define IDC_HELP MAKEINTRESOURCE(32651)
+
+// A shared system cursor: the same handle at every call, never destroyed.
+// NULL for a name the system does not have, and for a module's own cursor
+// (modules carry no cursor resources here).
+HCURSOR LoadCursorW(HINSTANCE instance, LPCWSTR name);
+#define LoadCursor LoadCursorW
+// Makes cursor the one shown at the mouse position (NULL hides it) and
+// returns the one shown before.
+HCURSOR SetCursor(HCURSOR cursor);
+HCURSOR GetCursor();
+
 // Menu item flags.
 #define MF_STRING 0x00000000L
 #define MF_GRAYED 0x00000001L

@@ -214,8 +214,16 @@ void Parser::Control(DialogTemplate& dialog) {
     }
     if (statement->form != Form::Control) {
         item.style = base | statement->style;
-        if (more && SkipComma())
+        if (more && SkipComma()) {
+            // A combo box is simple only when the script names no other kind:
+            // CBS_SIMPLE under CBS_DROPDOWN would make a drop-down list.
+            const bool combo = item.className == u"COMBOBOX";
+            if (combo)
+                item.style &= ~static_cast<DWORD>(CBS_SIMPLE);
             item.style = Style(item.style);
+            if (combo && (item.style & 0x3) == 0)
+                item.style |= CBS_SIMPLE;
+        }
     }
     if (more && SkipComma()) {
         item.exStyle = Style(0);

@@ -45,6 +45,11 @@ public:
     Token Next();
     // The position of the next token, or the end of input.
     SourcePos Pos() { return Peek().pos; }
+    // The code page of the line the next token is on.
+    UINT CodePage() {
+        Peek();
+        return m_line.codePage;
+    }
     [[noreturn]] void Fail(SourcePos pos, const std::string& message) const {
         m_files.Fail(pos, message);
     }

@@ -241,6 +241,8 @@ void Parser::Run() {
             m_lexer.Fail(pos, "the resource has no type");
         if (type.IsKeyword("DIALOG") || type.IsKeyword("DIALOGEX")) {
             Dialog(name, type.IsKeyword("DIALOGEX"), m_language, pos);
+        } else if (type.IsKeyword("DLGINIT")) {
+            DialogInit(name, m_language, pos);
         } else if (type.IsKeyword("MENU") || type.IsKeyword("MENUEX")) {
             Menu(name, type.IsKeyword("MENUEX"), m_language, pos);
         } else if (type.IsKeyword("ACCELERATORS")) {
@@ -440,7 +442,7 @@ void Parser::Skip(const Token& type) {
     // Types whose statement runs up to a block; the others name a file or
     // carry a block right after their options.
     static const char* const kBlockTypes[] = {
-        "VERSIONINFO", "TOOLBAR",     "DLGINIT",           "DESIGNINFO",
+        "VERSIONINFO", "TOOLBAR",     "DESIGNINFO",
         "GUIDELINES",  "TEXTINCLUDE", "AFX_DIALOG_LAYOUT", "RIBBON_XML_LAYOUT"};
     bool block = false;
     for (const char* b : kBlockTypes)

@@ -1,5 +1,5 @@
 // The resource statements of a script: STRINGTABLE, DIALOG and DIALOGEX,
-// MENU and MENUEX, ACCELERATORS and ICON; other resource types are passed over.
+// DLGINIT, MENU and MENUEX, ACCELERATORS and ICON; other resource types are passed over.
 #pragma once
 
 #include "RcExpression.h"
@@ -37,6 +37,7 @@ private:
     void StringTable();
     void Dialog(const ResourceName& name, bool extended, int language, SourcePos pos);
     void Control(DialogTemplate& dialog);
+    void DialogInit(const ResourceName& name, int language, SourcePos pos);
     void Menu(const ResourceName& name, bool extended, int language, SourcePos pos);
     void MenuItems(std::vector<MenuItemTemplate>& items, bool extended, SourcePos opened,
                    int depth);

@@ -9,6 +9,11 @@ void ResourceModule::SetDialog(const ResourceName& name, DialogTemplate dialog) 
     m_dialogs[name] = std::move(dialog);
 }
 
+void ResourceModule::SetDialogInit(const ResourceName& name,
+                                   std::vector<DialogInitEntry> entries) {
+    m_dialogInits[name] = std::move(entries);
+}
+
 void ResourceModule::SetMenu(const ResourceName& name, MenuTemplate menu) {
     m_menus[name] = std::move(menu);
 }

@@ -102,6 +102,8 @@ void AddResourceScript(ResourceModule& module, const ResourceScript& script) {
         module.SetString(id, CString(std::u16string_view(text)));
     for (const auto& [name, dialog] : script.dialogs)
         module.SetDialog(name, dialog);
+    for (const auto& [name, entries] : script.dialogInits)
+        module.SetDialogInit(name, entries);
     for (const auto& [name, menu] : script.menus)
         module.SetMenu(name, menu);
     for (const auto& [name, table] : script.accelerators)

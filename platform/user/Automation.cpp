@@ -2,10 +2,12 @@
 #include "Keyboard.h"
 #include "WindowManager.h"
 #include "controls/Controls.h"
+#include "filedialog/FileDialog.h"
 
 #include <platform/Automation.h>
 
 #include <commctrl.h>
+#include <dlgs.h>
 
 #include <deque>
 
@@ -97,24 +99,30 @@ void Queue(std::function<void()> action) {
 
 } // namespace
 
+namespace {
+
+void ClickNow(UINT id) {
+    HWND active = GetActiveWindow();
+    HWND control = active ? FindControl(active, id) : nullptr;
+    if (!control) {
+        Note("click " + std::to_string(id) + ": no such control in " + Describe(active));
+        return;
+    }
+    if (!IsWindowVisible(control) || !IsWindowEnabled(control)) {
+        Note("click " + std::to_string(id) + ": control " + Describe(control) +
+             " cannot be clicked");
+        return;
+    }
+    RECT client;
+    GetClientRect(control, &client);
+    Note("click " + std::to_string(id) + " " + Describe(control));
+    PostClick(control, POINT{client.right / 2, client.bottom / 2});
+}
+
+} // namespace
+
 void Click(UINT id) {
-    Queue([id] {
-        HWND active = GetActiveWindow();
-        HWND control = active ? FindControl(active, id) : nullptr;
-        if (!control) {
-            Note("click " + std::to_string(id) + ": no such control in " + Describe(active));
-            return;
-        }
-        if (!IsWindowVisible(control) || !IsWindowEnabled(control)) {
-            Note("click " + std::to_string(id) + ": control " + Describe(control) +
-                 " cannot be clicked");
-            return;
-        }
-        RECT client;
-        GetClientRect(control, &client);
-        Note("click " + std::to_string(id) + " " + Describe(control));
-        PostClick(control, POINT{client.right / 2, client.bottom / 2});
-    });
+    Queue([id] { ClickNow(id); });
 }
 
 void ClickAt(HWND hwnd, POINT client) {
@@ -337,6 +345,30 @@ void DragHeaderDivider(UINT listId, int column, int dx) {
     });
 }
 
+void DoubleClickListItem(UINT listId, int item) {
+    Queue([listId, item] {
+        HWND list = FindList(listId, "list double-click");
+        if (!list)
+            return;
+        SendMessage(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(item), FALSE);
+        RECT rect{};
+        rect.left = LVIR_LABEL;
+        if (!SendMessage(list, LVM_GETITEMRECT, static_cast<WPARAM>(item),
+                         reinterpret_cast<LPARAM>(&rect))) {
+            Note("list double-click " + std::to_string(listId) + ": no item " +
+                 std::to_string(item));
+            return;
+        }
+        Note("list double-click " + std::to_string(listId) + " item " + std::to_string(item));
+        LPARAM where = MAKELPARAM((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+        // The system's sequence: down, up, then the second press arrives as
+        // a double click.
+        PostClick(list, POINT{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2});
+        PostMessage(list, WM_LBUTTONDBLCLK, MK_LBUTTON, where);
+        PostMessage(list, WM_LBUTTONUP, 0, where);
+    });
+}
+
 void ClickListItem(UINT listId, int item, bool ctrl) {
     Queue([listId, item, ctrl] {
         HWND list = FindList(listId, "list click");
@@ -361,6 +393,72 @@ void ClickListItem(UINT listId, int item, bool ctrl) {
         if (ctrl)
             PostMessage(list, WM_KEYUP, VK_CONTROL, static_cast<LPARAM>(0xC0000001u));
     });
+}
+
+} // namespace platform::automation
+
+// The file dialog.
+namespace platform::automation {
+
+namespace {
+
+std::u16string WindowTextOf(HWND hwnd) {
+    std::u16string text(static_cast<std::size_t>(GetWindowTextLength(hwnd)), u'\0');
+    if (!text.empty())
+        GetWindowText(hwnd, text.data(), static_cast<int>(text.size()) + 1);
+    return text;
+}
+
+std::u16string ListText(HWND list, int item) {
+    WCHAR buffer[1024];
+    LVITEMW lv{};
+    lv.pszText = buffer;
+    lv.cchTextMax = static_cast<int>(std::size(buffer));
+    LRESULT copied = SendMessage(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(item),
+                                 reinterpret_cast<LPARAM>(&lv));
+    return std::u16string(buffer, static_cast<std::size_t>(copied));
+}
+
+} // namespace
+
+void AnswerFileDialog(const std::u16string& path) {
+    Queue([path] {
+        HWND dialog = GetActiveWindow();
+        if (!platform::user::filedialog::StateOf(dialog)) {
+            Note("answer file dialog: " + Describe(dialog) + " is no file dialog");
+            return;
+        }
+        Note("answer file dialog '" + Narrow(path) + "'");
+        HWND field = GetDlgItem(dialog, edt1);
+        SetFocus(field);
+        SendMessage(field, EM_SETSEL, 0, -1);
+        // The keys and the button press run as the next actions, in order.
+        std::deque<std::function<void()>> steps;
+        for (char16_t ch : path)
+            steps.push_back([ch] {
+                platform::user::KeyStroke stroke = platform::user::StrokeFor(ch);
+                PressKey(stroke.vk, ch, stroke.shift, false);
+            });
+        steps.push_back([] { ClickNow(IDOK); });
+        auto& actions = Current().actions;
+        actions.insert(actions.begin(), steps.begin(), steps.end());
+    });
+}
+
+bool ReadFileDialog(FileDialogView* view) {
+    HWND dialog = GetActiveWindow();
+    if (!view || !platform::user::filedialog::StateOf(dialog))
+        return false;
+    view->title = WindowTextOf(dialog);
+    view->folder = WindowTextOf(GetDlgItem(dialog, cmb2));
+    view->fileName = WindowTextOf(GetDlgItem(dialog, edt1));
+    view->fileType = WindowTextOf(GetDlgItem(dialog, cmb1));
+    view->names.clear();
+    HWND list = GetDlgItem(dialog, lst1);
+    int count = static_cast<int>(SendMessage(list, LVM_GETITEMCOUNT, 0, 0));
+    for (int item = 0; item < count; ++item)
+        view->names.push_back(ListText(list, item));
+    return true;
 }
 
 } // namespace platform::automation

@@ -69,10 +69,16 @@ bool WindowManager::RemoveClass(const std::u16string& name) {
 Window* WindowManager::Find(HWND hwnd) const {
     if (!hwnd)
         return nullptr;
+    if (hwnd == m_lastFound)
+        return m_lastFoundWindow;
     if (hwnd == m_desktop.handle)
         return const_cast<Window*>(&m_desktop);
     auto it = m_windows.find(hwnd);
-    return it == m_windows.end() ? nullptr : it->second.get();
+    if (it == m_windows.end())
+        return nullptr;
+    m_lastFound = hwnd;
+    m_lastFoundWindow = it->second.get();
+    return m_lastFoundWindow;
 }
 
 Window* WindowManager::CreateWindowRecord(const WindowClass* windowClass, Window* parent) {
@@ -112,6 +118,8 @@ void WindowManager::Forget(Window* window) {
     m_queue.erase(std::remove_if(m_queue.begin(), m_queue.end(),
                                  [handle](const MSG& msg) { return msg.hwnd == handle; }),
                   m_queue.end());
+    if (m_lastFound == handle)
+        m_lastFound = nullptr;
     m_windows.erase(handle);
 }
 

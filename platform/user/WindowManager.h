@@ -110,6 +110,10 @@ private:
 
     std::map<std::u16string, std::unique_ptr<WindowClass>> m_classes;
     std::unordered_map<HWND, std::unique_ptr<Window>> m_windows;
+    // The window found last: a run of messages to one window finds it without
+    // hashing. Handles are never reused, so it only has to go when its window does.
+    mutable HWND m_lastFound = nullptr;
+    mutable Window* m_lastFoundWindow = nullptr;
     Window m_desktop;
     uintptr_t m_nextHandle = 0x10010;
     std::deque<MSG> m_queue;

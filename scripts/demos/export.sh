@@ -5,3 +5,7 @@ set -euo pipefail
 build=$1
 out=$2
 "$build/examples/export/export_host" "$out"
+# The same host with its user interface: the settings dialog answered by the
+# simulated user, the list written, the warning switched off and, in a second
+# process, skipped.
+"$build/examples/export/export_dialog_host" "$out"

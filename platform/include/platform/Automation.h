@@ -65,5 +65,31 @@ void DragHeaderDivider(UINT listId, int column, int dx);
 // Scrolls the item into view and clicks its first column, with Ctrl held
 // if asked.
 void ClickListItem(UINT listId, int item, bool ctrl = false);
+// Scrolls the item into view and double-clicks its first column.
+void DoubleClickListItem(UINT listId, int item);
+
+} // namespace platform::automation
+
+// The file dialog (GetOpenFileName, GetSaveFileName, CFileDialog).
+namespace platform::automation {
+
+// Types path into the active file dialog's name field (its text selected
+// first, so the path replaces it), one key per character, then clicks its
+// Open or Save button, so the dialog's own rules apply: the default
+// extension, the existence checks, the overwrite question (answered by a
+// following AnswerMessageBox). Without an active file dialog the attempt is
+// recorded and nothing happens.
+void AnswerFileDialog(const std::u16string& path);
+
+// What a file dialog shows.
+struct FileDialogView {
+    std::u16string title;              // the caption
+    std::u16string folder;             // the "Look in" box's text
+    std::u16string fileName;           // the name field's text
+    std::u16string fileType;           // the chosen "Files of type" description
+    std::vector<std::u16string> names; // the list's names, top to bottom
+};
+// Reads the active window when it is a file dialog; false otherwise.
+bool ReadFileDialog(FileDialogView* view);
 
 } // namespace platform::automation

@@ -23,6 +23,7 @@ template <class T> struct FoundResource {
 };
 
 FoundResource<DialogTemplate> FindDialogTemplate(const ResourceName& name);
+FoundResource<std::vector<DialogInitEntry>> FindDialogInit(const ResourceName& name);
 FoundResource<MenuTemplate> FindMenuTemplate(const ResourceName& name);
 FoundResource<std::vector<AcceleratorTemplate>> FindAcceleratorTable(const ResourceName& name);
 FoundResource<IconTemplate> FindIconTemplate(const ResourceName& name);

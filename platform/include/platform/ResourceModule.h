@@ -35,6 +35,11 @@ public:
     const DialogTemplate* FindDialog(const ResourceName& name) const {
         return Find(m_dialogs, name);
     }
+    // A dialog's initialisation data, under the dialog's name.
+    void SetDialogInit(const ResourceName& name, std::vector<DialogInitEntry> entries);
+    const std::vector<DialogInitEntry>* FindDialogInit(const ResourceName& name) const {
+        return Find(m_dialogInits, name);
+    }
     void SetMenu(const ResourceName& name, MenuTemplate menu);
     const MenuTemplate* FindMenu(const ResourceName& name) const { return Find(m_menus, name); }
     void SetAccelerators(const ResourceName& name, std::vector<AcceleratorTemplate> table);
@@ -53,6 +58,7 @@ private:
 
     std::unordered_map<UINT, CString> m_strings;
     ByName<DialogTemplate> m_dialogs;
+    ByName<std::vector<DialogInitEntry>> m_dialogInits;
     ByName<MenuTemplate> m_menus;
     ByName<std::vector<AcceleratorTemplate>> m_accelerators;
     ByName<IconTemplate> m_icons;

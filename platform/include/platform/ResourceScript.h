@@ -1,5 +1,5 @@
-// Reading a host's resource script (.rc): its string table, dialog templates,
-// menus, accelerator tables and icons, with the #include and #define lines of
+// Reading a host's resource script (.rc): its string table, dialog templates
+// and their initialisation data, menus, accelerator tables and icons, with the #include and #define lines of
 // its resource.h, into a module's resource table.
 #pragma once
 
@@ -20,6 +20,7 @@ namespace platform {
 struct ResourceScript {
     std::vector<std::pair<UINT, std::u16string>> strings;
     std::vector<std::pair<ResourceName, DialogTemplate>> dialogs;
+    std::vector<std::pair<ResourceName, std::vector<DialogInitEntry>>> dialogInits;
     std::vector<std::pair<ResourceName, MenuTemplate>> menus;
     std::vector<std::pair<ResourceName, std::vector<AcceleratorTemplate>>> accelerators;
     std::vector<std::pair<ResourceName, IconTemplate>> icons;

@@ -59,6 +59,17 @@ struct DialogTemplate {
     std::vector<DialogItemTemplate> items;
 };
 
+// One entry of a dialog's initialisation data (DLGINIT): a message the
+// framework sends to one of the dialog's controls once the controls exist,
+// such as a list item of a combo box. message is as the script wrote it:
+// 0x0403 adds a combo box item, 0x0401 a list box item.
+struct DialogInitEntry {
+    UINT controlId = 0;
+    UINT message = 0;
+    std::vector<std::uint8_t> data; // as written, in the script's code page
+    std::u16string text;            // data up to its first NUL, decoded
+};
+
 // One MENUITEM or POPUP of a MENU. flags are MF_* bits: MF_POPUP for a
 // popup with children, MF_SEPARATOR, MF_GRAYED, MF_DISABLED, MF_CHECKED,
 // MF_MENUBARBREAK, MF_MENUBREAK, MF_HELP.

@@ -47,8 +47,8 @@ TEST(HostScript, ExportDialogHasItsControlsWithTheirClassesAndStyles) {
     const auto& delimiter = d->items[1];
     EXPECT_EQ(delimiter.className, u"COMBOBOX");
     EXPECT_EQ(delimiter.id, 1247u);
-    // CBS_SIMPLE is the statement's default and stays under CBS_DROPDOWN.
-    EXPECT_EQ(delimiter.style, DWORD(WS_CHILD | WS_VISIBLE | CBS_SIMPLE | CBS_DROPDOWN |
+    // CBS_SIMPLE is the statement's default only when no other kind is named.
+    EXPECT_EQ(delimiter.style, DWORD(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN |
                                      CBS_AUTOHSCROLL | WS_VSCROLL | WS_TABSTOP));
     EXPECT_EQ((std::vector<short>{delimiter.x, delimiter.y, delimiter.cx, delimiter.cy}),
               (std::vector<short>{57, 7, 80, 60}));

@@ -201,3 +201,11 @@ TEST(Resources, OtherTypesArePassedOver) {
     ASSERT_EQ(s.strings.size(), 1u);
     EXPECT_EQ(s.strings[0].second, u"after them");
 }
+
+TEST(ControlStatements, AComboBoxIsSimpleOnlyWhenNoOtherKindIsNamed) {
+    EXPECT_EQ(OnlyControl("COMBOBOX 1, 1, 2, 3, 4, CBS_DROPDOWN").style & 0x3,
+              DWORD(CBS_DROPDOWN));
+    EXPECT_EQ(OnlyControl("COMBOBOX 1, 1, 2, 3, 4, CBS_DROPDOWNLIST | WS_VSCROLL").style & 0x3,
+              DWORD(CBS_DROPDOWNLIST));
+    EXPECT_EQ(OnlyControl("COMBOBOX 1, 1, 2, 3, 4, WS_VSCROLL").style & 0x3, DWORD(CBS_SIMPLE));
+}
