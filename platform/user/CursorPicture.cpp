@@ -20,8 +20,7 @@ void Rgb(cairo_t* cr, COLORREF color) {
 
 // The arrow's outline, its tip at the hot spot (x, y).
 void Arrow(cairo_t* cr, double x, double y) {
-    static const double kOutline[][2] = {{0, 0},  {0, 16}, {4, 12}, {7, 18},
-                                         {9, 17}, {6, 11}, {11, 11}};
+    static const double kOutline[][2] = {{0, 17}, {4, 13}, {7, 20}, {10, 19}, {7, 12}, {12, 12}};
     cairo_move_to(cr, x + 0.5, y + 0.5);
     for (const auto& point : kOutline)
         cairo_line_to(cr, x + point[0] + 0.5, y + point[1] + 0.5);
