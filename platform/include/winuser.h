@@ -232,6 +232,10 @@ HCURSOR LoadCursorW(HINSTANCE instance, LPCWSTR name);
 // returns the one shown before.
 HCURSOR SetCursor(HCURSOR cursor);
 HCURSOR GetCursor();
+// The mouse position in screen coordinates; SetCursorPos keeps it on the
+// screen. The simulated user's clicks move it.
+BOOL GetCursorPos(LPPOINT point);
+BOOL SetCursorPos(int x, int y);
 
 // Menu item flags.
 #define MF_STRING 0x00000000L

@@ -58,6 +58,9 @@ void Note(std::string what) {
 }
 
 void PostClick(HWND hwnd, POINT point) {
+    POINT screen = point;
+    ClientToScreen(hwnd, &screen);
+    SetCursorPos(screen.x, screen.y);
     LPARAM where = MAKELPARAM(point.x, point.y);
     PostMessage(hwnd, WM_LBUTTONDOWN, MK_LBUTTON, where);
     PostMessage(hwnd, WM_LBUTTONUP, 0, where);
@@ -384,7 +387,10 @@ void ClickListItem(UINT listId, int item, bool ctrl) {
         }
         Note("list click " + std::to_string(listId) + " item " + std::to_string(item) +
              (ctrl ? " with ctrl" : ""));
-        LPARAM where = MAKELPARAM((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+        POINT screen{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+        LPARAM where = MAKELPARAM(screen.x, screen.y);
+        ClientToScreen(list, &screen);
+        SetCursorPos(screen.x, screen.y);
         WPARAM keys = ctrl ? MK_CONTROL : 0;
         if (ctrl)
             PostMessage(list, WM_KEYDOWN, VK_CONTROL, 1);

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 
 namespace platform::user {
@@ -43,6 +44,11 @@ const CursorEntry* EntryOf(HCURSOR cursor) {
     return nullptr;
 }
 
+POINT& Position() {
+    static POINT position{640, 512};
+    return position;
+}
+
 HCURSOR& Shown() {
     static HCURSOR shown = HandleOf(kCursors[0]);
     return shown;
@@ -77,4 +83,17 @@ HCURSOR SetCursor(HCURSOR cursor) {
 
 HCURSOR GetCursor() {
     return platform::user::Shown();
+}
+
+BOOL GetCursorPos(LPPOINT point) {
+    if (!point)
+        return FALSE;
+    *point = platform::user::Position();
+    return TRUE;
+}
+
+BOOL SetCursorPos(int x, int y) {
+    platform::user::Position() = POINT{std::clamp(x, 0, GetSystemMetrics(SM_CXSCREEN) - 1),
+                                       std::clamp(y, 0, GetSystemMetrics(SM_CYSCREEN) - 1)};
+    return TRUE;
 }

@@ -4,6 +4,7 @@
 // on what other windows did to the shared desktop surface, and the window's
 // pending updates are put back afterwards, so the live desktop still gets
 // them.
+#include "CursorPicture.h"
 #include "WindowDC.h"
 
 #include <platform/WindowPictures.h>
@@ -128,6 +129,7 @@ bool SaveDesktopAsPng(const std::string& path) {
         if (window)
             Picture(window, surface, POINT{0, 0});
     }
+    user::DrawCursor(surface);
     return Write(surface, path);
 }
 

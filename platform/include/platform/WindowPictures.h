@@ -16,7 +16,8 @@ bool SaveWindowAsPng(HWND hwnd, const std::string& path);
 
 // Writes the whole desktop with every shown top-level window, drawn afresh
 // from the bottom of the z-order to the top, so the upper window is always the
-// one seen where two overlap. False when the path cannot be written.
+// one seen where two overlap, and the cursor on top at the mouse position.
+// False when the path cannot be written.
 bool SaveDesktopAsPng(const std::string& path);
 
 } // namespace platform
