@@ -3,7 +3,8 @@
 # object per measure with our figure, the baseline's figure and the ratio
 # (above 1 when we are faster), each ratio the median of per-round ratios
 # timed in interleaved rounds. With --check, then exits non-zero naming each
-# measure whose ratio is below its goal in bench/goals.json.
+# measure whose ratio is below its goal in bench/goals.json. Reports beside it
+# (out/bench/*.report.txt) are printed after it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 check=0
@@ -27,6 +28,10 @@ for b in scripts/benches/*.sh; do
 done
 python3 scripts/bench_merge.py out/bench out/bench.json
 cat out/bench.json
+# Reports beside bench.json: figures that are no ratio against a baseline.
+for report in out/bench/*.report.txt; do
+    if [ -e "$report" ]; then cat "$report"; fi
+done
 if [ "$check" = 1 ]; then
     python3 scripts/bench_check.py bench/goals.json out/bench.json
 fi

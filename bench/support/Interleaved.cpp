@@ -42,11 +42,14 @@ Sample Time(const std::function<void()>& work, int runs) {
 }
 
 // Enough runs for a batch to last about the sample time, measured once.
-int RunsPerSample(const std::function<void()>& work, double sampleSeconds) {
+int RunsPerSample(const std::function<void()>& work, const Options& options) {
+    if (options.fixedRuns > 0)
+        return options.fixedRuns;
     const Sample one = Time(work, 1);
-    if (one.cpu <= 0 || one.cpu >= sampleSeconds)
+    const double seconds = options.batchOnWallClock ? one.wall : one.cpu;
+    if (seconds <= 0 || seconds >= options.sampleSeconds)
         return 1;
-    return std::max(1, static_cast<int>(sampleSeconds / one.cpu));
+    return std::max(1, static_cast<int>(options.sampleSeconds / seconds));
 }
 
 Timing Summarise(const std::vector<double>& ours, const std::vector<double>& baseline) {
@@ -92,11 +95,11 @@ Result Interleave(const Options& options, const std::function<void()>& ours,
                   const std::function<void()>& baseline) {
     if (!options.only.empty()) {
         const std::function<void()>& work = options.only == "ours" ? ours : baseline;
-        Time(work, options.rounds * RunsPerSample(work, options.sampleSeconds));
+        Time(work, options.rounds * RunsPerSample(work, options));
         return {};
     }
-    const int oursRuns = RunsPerSample(ours, options.sampleSeconds);
-    const int baselineRuns = RunsPerSample(baseline, options.sampleSeconds);
+    const int oursRuns = RunsPerSample(ours, options);
+    const int baselineRuns = RunsPerSample(baseline, options);
     std::vector<double> oursCpu, oursWall, baseCpu, baseWall;
     for (int round = 0; round < options.rounds; ++round) {
         Sample a{}, b{};

@@ -15,6 +15,13 @@ struct Options {
     double sampleSeconds = 0.05; // each timing repeats the work at least this long
     std::string json;            // where the measures go; nothing written when empty
     std::string only;            // "ours" or "baseline": runs just that side, for a profiler
+    // Sizes the batches by elapsed time rather than processor time: for work
+    // that mostly waits (a disk's flush), whose processor time says nothing of
+    // how long a batch lasts.
+    bool batchOnWallClock = false;
+    // Runs per batch, without the warm-up run that sizes batches when 0: for
+    // work that lasts seconds, where one more run of each side is only cost.
+    int fixedRuns = 0;
 };
 
 // Reads --rounds N, --sample-ms MS, --json PATH and --only ours|baseline;
@@ -32,7 +39,8 @@ struct Result {
     Timing wall; // elapsed time
 };
 
-// Runs each once to warm up, then rounds of both, alternating which goes first.
+// Runs each once to warm up (unless options.fixedRuns is set), then rounds of
+// both, alternating which goes first.
 Result Interleave(const Options& options, const std::function<void()>& ours,
                   const std::function<void()>& baseline);
 

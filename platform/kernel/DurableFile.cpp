@@ -75,7 +75,9 @@ bool ReadWholeFile(const std::string& path, std::string& bytes, std::size_t maxS
         error = EFBIG;
         return false;
     }
-    bytes.resize(static_cast<std::size_t>(st.st_size));
+    // One byte more than the size, so that the read finding the end needs no
+    // larger buffer (growing it would copy the whole file).
+    bytes.resize(static_cast<std::size_t>(st.st_size) + 1);
     std::size_t got = 0;
     // The size is a hint: read until the end even if the file changed meanwhile.
     for (;;) {

@@ -42,6 +42,17 @@ bool NamesEqual(std::u16string_view a, std::u16string_view b) {
     return true;
 }
 
+std::uint32_t NameHash(std::u16string_view name) {
+    std::uint32_t hash = 2166136261u; // FNV-1a over the folded code units
+    for (char16_t ch : name)
+        hash = (hash ^ Fold(ch)) * 16777619u;
+    return hash;
+}
+
+bool IniDocument::Line::Is(std::u16string_view other, std::uint32_t otherHash) const {
+    return hash == otherHash && NamesEqual(name, other);
+}
+
 std::u16string_view Trim(std::u16string_view text) {
     while (!text.empty() && IsBlank(text.front()))
         text.remove_prefix(1);
@@ -68,6 +79,7 @@ IniDocument::Line IniDocument::Classify(std::u16string text) {
         line.kind = Kind::Bare;
         line.name = trimmed;
     }
+    line.hash = NameHash(line.name);
     line.text = std::move(text);
     return line;
 }
@@ -97,10 +109,37 @@ IniDocument IniDocument::Parse(std::string_view bytes) {
     return doc;
 }
 
+// The lines as UTF-8 after prefix, each ending with CR LF, copied code unit by
+// code unit; false when a line is not plain ASCII and so needs the encoder.
+bool IniDocument::SerializeAscii(std::string_view prefix, std::size_t size,
+                                 std::string& bytes) const {
+    bytes.assign(prefix.size() + size, '\0');
+    char* out = bytes.data();
+    out = std::copy(prefix.begin(), prefix.end(), out);
+    char16_t all = 0;
+    for (const Line& line : m_lines) {
+        const char16_t* in = line.text.data();
+        const std::size_t n = line.text.size();
+        for (std::size_t i = 0; i < n; ++i) {
+            all |= in[i];
+            out[i] = static_cast<char>(in[i]);
+        }
+        out += n;
+        *out++ = '\r';
+        *out++ = '\n';
+    }
+    return all < 0x80;
+}
+
 std::string IniDocument::Serialize() {
     std::size_t size = 0;
     for (const Line& line : m_lines)
         size += line.text.size() + 2;
+    // Plain ASCII in a UTF-8 file, the usual profile, goes straight to bytes.
+    if (std::string bytes;
+        (m_encoding == Encoding::Utf8 && SerializeAscii({}, size, bytes)) ||
+        (m_encoding == Encoding::Utf8Bom && SerializeAscii("\xEF\xBB\xBF", size, bytes)))
+        return bytes;
     std::u16string text;
     text.reserve(size);
     for (const Line& line : m_lines)
@@ -119,12 +158,13 @@ std::optional<std::u16string> IniDocument::Find(std::u16string_view section,
                                                 std::u16string_view key) const {
     section = Trim(section);
     key = Trim(key);
+    const std::uint32_t sectionHash = NameHash(section), keyHash = NameHash(key);
     bool inSection = false;
     for (const Line& line : m_lines) {
         if (line.kind == Kind::Header)
-            inSection = NamesEqual(line.name, section);
+            inSection = line.Is(section, sectionHash);
         else if (inSection && (line.kind == Kind::Entry || line.kind == Kind::Bare) &&
-                 NamesEqual(line.name, key))
+                 line.Is(key, keyHash))
             return line.value;
     }
     return std::nullopt;
@@ -141,12 +181,13 @@ std::vector<std::u16string> IniDocument::SectionNames() const {
 
 std::vector<std::u16string> IniDocument::KeyNames(std::u16string_view section) const {
     section = Trim(section);
+    const std::uint32_t sectionHash = NameHash(section);
     std::vector<std::u16string> names;
     std::unordered_set<std::u16string> seen;
     bool inSection = false;
     for (const Line& line : m_lines) {
         if (line.kind == Kind::Header)
-            inSection = NamesEqual(line.name, section);
+            inSection = line.Is(section, sectionHash);
         else if (inSection && line.kind == Kind::Entry)
             AddOnce(names, seen, line.name);
     }
@@ -157,17 +198,17 @@ bool IniDocument::Set(std::u16string_view section, std::u16string_view key,
                       std::u16string_view value) {
     section = Trim(section);
     key = Trim(key);
+    const std::uint32_t sectionHash = NameHash(section), keyHash = NameHash(key);
     std::size_t firstHeader = m_lines.size();
     for (std::size_t i = 0; i < m_lines.size(); ++i) {
-        if (m_lines[i].kind != Kind::Header || !NamesEqual(m_lines[i].name, section))
+        if (m_lines[i].kind != Kind::Header || !m_lines[i].Is(section, sectionHash))
             continue;
         if (firstHeader == m_lines.size())
             firstHeader = i;
         const std::size_t end = SectionEnd(i);
         for (std::size_t k = i + 1; k < end; ++k) {
             Line& line = m_lines[k];
-            if ((line.kind != Kind::Entry && line.kind != Kind::Bare) ||
-                !NamesEqual(line.name, key))
+            if ((line.kind != Kind::Entry && line.kind != Kind::Bare) || !line.Is(key, keyHash))
                 continue;
             Line replacement = MakeEntry(line.name, value);
             if (replacement.text == line.text)
@@ -195,24 +236,26 @@ bool IniDocument::Set(std::u16string_view section, std::u16string_view key,
 bool IniDocument::RemoveKey(std::u16string_view section, std::u16string_view key) {
     section = Trim(section);
     key = Trim(key);
+    const std::uint32_t sectionHash = NameHash(section), keyHash = NameHash(key);
     bool inSection = false;
     const std::size_t before = m_lines.size();
     std::erase_if(m_lines, [&](const Line& line) {
         if (line.kind == Kind::Header)
-            inSection = NamesEqual(line.name, section);
+            inSection = line.Is(section, sectionHash);
         return inSection && (line.kind == Kind::Entry || line.kind == Kind::Bare) &&
-               NamesEqual(line.name, key);
+               line.Is(key, keyHash);
     });
     return m_lines.size() != before;
 }
 
 bool IniDocument::RemoveSection(std::u16string_view section) {
     section = Trim(section);
+    const std::uint32_t sectionHash = NameHash(section);
     bool inSection = false;
     const std::size_t before = m_lines.size();
     std::erase_if(m_lines, [&](const Line& line) {
         if (line.kind == Kind::Header)
-            inSection = NamesEqual(line.name, section);
+            inSection = line.Is(section, sectionHash);
         return inSection;
     });
     return m_lines.size() != before;

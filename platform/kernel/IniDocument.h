@@ -13,6 +13,7 @@
 
 #include "kernel/IniEncoding.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -53,9 +54,14 @@ private:
         Kind kind = Kind::Blank;
         std::u16string name;  // trimmed section or key name
         std::u16string value; // trimmed and unquoted (entries only)
+        // A hash of the name with A-Z folded: a scan for a name compares it
+        // first and so reads the text of only the lines that match.
+        std::uint32_t hash = 0;
+        bool Is(std::u16string_view other, std::uint32_t otherHash) const;
     };
     static Line Classify(std::u16string text);
     static Line MakeEntry(std::u16string_view key, std::u16string_view value);
+    bool SerializeAscii(std::string_view prefix, std::size_t size, std::string& bytes) const;
     // Index of the first line after the header at header that is not in its section.
     std::size_t SectionEnd(std::size_t header) const;
 
@@ -65,6 +71,8 @@ private:
 
 // A-Z folding comparison of names, as the original runtime does in the "C" locale.
 bool NamesEqual(std::u16string_view a, std::u16string_view b);
+// A hash equal for names that NamesEqual finds equal.
+std::uint32_t NameHash(std::u16string_view name);
 // Leading and trailing spaces and tabs removed.
 std::u16string_view Trim(std::u16string_view text);
 

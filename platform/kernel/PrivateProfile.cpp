@@ -87,9 +87,10 @@ struct CachedFile {
 std::mutex g_cacheMutex;
 std::vector<CachedFile> g_cache; // most recently used last
 
-// The document of path's bytes, from the cache when they are the same; the
-// entry leaves the cache when take is set.
-std::shared_ptr<IniDocument> DocumentOf(const std::string& path, std::string bytes, bool take) {
+// The document of path's bytes, from the cache when they are the same. The
+// entry leaves the cache when take is set; otherwise a new document is cached
+// with bytes, which are moved there.
+std::shared_ptr<IniDocument> DocumentOf(const std::string& path, std::string& bytes, bool take) {
     std::lock_guard<std::mutex> lock(g_cacheMutex);
     for (auto it = g_cache.begin(); it != g_cache.end(); ++it) {
         if (it->path != path)
@@ -131,7 +132,7 @@ std::shared_ptr<const IniDocument> LoadForReading(LPCWSTR fileName) {
         SetLastError(Win32Error(error));
         return std::make_shared<const IniDocument>();
     }
-    return DocumentOf(path, std::move(bytes), false);
+    return DocumentOf(path, bytes, false);
 }
 
 bool HasLineBreak(std::u16string_view text) {

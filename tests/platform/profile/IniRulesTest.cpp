@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <cstring>
+
 using profile_test::Get;
 using profile_test::Name;
 using profile_test::ReadBytes;
@@ -224,6 +227,65 @@ TEST_F(IniRules, KeepsTheEncodingOfTheFile) {
     std::filesystem::remove(file);
     ASSERT_TRUE(Write(u"s", u"k", u"\u00E9"));
     EXPECT_EQ(ReadBytes(file), "[s]\r\nk=\xC3\xA9\r\n");
+}
+
+TEST_F(IniRules, EncodesEveryCharacterBeyondAsciiWhereverItIs) {
+    // Plain ASCII under a UTF-8 mark keeps the mark.
+    WriteBytes(file, "\xEF\xBB\xBF[s]\r\nk=v\r\n");
+    ASSERT_TRUE(Write(u"s", u"e", u"w"));
+    EXPECT_EQ(ReadBytes(file), "\xEF\xBB\xBF[s]\r\nk=v\r\ne=w\r\n");
+    // Characters whose low byte is zero or a letter, first, last and among
+    // ASCII lines, are all encoded, and the file is plain again without them.
+    std::filesystem::remove(file);
+    ASSERT_TRUE(Write(u"s", u"a", u"\u0100"));
+    ASSERT_TRUE(Write(u"s", u"b", u"plain"));
+    ASSERT_TRUE(Write(u"s", u"c", u"x\u0141"));
+    EXPECT_EQ(ReadBytes(file), "[s]\r\na=\xC4\x80\r\nb=plain\r\nc=x\xC5\x81\r\n");
+    ASSERT_TRUE(Write(u"s", u"a", nullptr));
+    EXPECT_EQ(ReadBytes(file), "[s]\r\nb=plain\r\nc=x\xC5\x81\r\n");
+    ASSERT_TRUE(Write(u"s", u"c", nullptr));
+    EXPECT_EQ(ReadBytes(file), "[s]\r\nb=plain\r\n");
+    EXPECT_EQ(Get(file, u"s", u"b"), u"plain");
+}
+
+TEST_F(IniRules, FindsEachOfManyLikeNamedKeysInAnyCase) {
+    // Generated names of one length that differ in a digit or two, in two
+    // sections whose names differ only in case from what callers pass.
+    auto text = [](const char* format, int i) {
+        char ascii[32];
+        std::snprintf(ascii, sizeof ascii, format, i);
+        return std::u16string(ascii, ascii + std::strlen(ascii));
+    };
+    constexpr int kKeys = 120;
+    for (int i = 0; i < kKeys; ++i) {
+        ASSERT_TRUE(Write(u"Settings", text("Key%04d", i).c_str(), text("v%d", i).c_str()));
+        ASSERT_TRUE(Write(u"Other", text("Key%04d", i).c_str(), text("o%d", i).c_str()));
+    }
+    for (int i = 0; i < kKeys; ++i) {
+        ASSERT_EQ(Get(file, u"SETTINGS", text("kEY%04d", i).c_str()), text("v%d", i));
+        ASSERT_EQ(Get(file, u"other", text("KEY%04d", i).c_str()), text("o%d", i));
+    }
+    EXPECT_EQ(Get(file, u"settings", u"Key0120"), u"<default>");
+    // A write or a deletion under another case touches that one line, spelled
+    // as first written.
+    ASSERT_TRUE(Write(u"SETTINGS", u"KEY0023", u"changed"));
+    ASSERT_TRUE(Write(u"settings", u"key0024", nullptr));
+    std::string expected = "[Settings]\r\n";
+    for (int i = 0; i < kKeys; ++i) {
+        char line[48];
+        std::snprintf(line, sizeof line, "Key%04d=%s\r\n", i,
+                      i == 23 ? "changed" : ("v" + std::to_string(i)).c_str());
+        if (i != 24)
+            expected += line;
+    }
+    expected += "[Other]\r\n";
+    for (int i = 0; i < kKeys; ++i)
+        expected += "Key" + std::string(4 - std::to_string(i).size(), '0') + std::to_string(i) +
+                    "=o" + std::to_string(i) + "\r\n";
+    EXPECT_EQ(ReadBytes(file), expected);
+    WCHAR keys[8192];
+    const DWORD length = GetPrivateProfileStringW(u"settings", nullptr, u"", keys, 8192, name);
+    EXPECT_EQ(length, static_cast<DWORD>((kKeys - 1) * 8)); // each "Key0000" and its terminator
 }
 
 TEST_F(IniRules, AnAnsiFileThatWouldReadAsUtf8BecomesUtf8WithAMark) {
