@@ -37,7 +37,7 @@ fi
 # The floors below the class framework (the foundation types, the kernel,
 # drawing, windows and resource scripts) never include a framework header.
 if grep -rn -E '#[[:space:]]*include[[:space:]]*[<"](\.\./)?afx[a-z_]*\.h' \
-        platform/base platform/kernel platform/gdi platform/user platform/res; then
+        platform/base platform/kernel platform/oleaut platform/gdi platform/user platform/res; then
     echo "a floor below the class framework includes a framework header"
     fail=1
 fi
