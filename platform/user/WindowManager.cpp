@@ -66,11 +66,9 @@ bool WindowManager::RemoveClass(const std::u16string& name) {
     return true;
 }
 
-Window* WindowManager::Find(HWND hwnd) const {
+Window* WindowManager::FindAndRemember(HWND hwnd) const {
     if (!hwnd)
         return nullptr;
-    if (hwnd == m_lastFound)
-        return m_lastFoundWindow;
     if (hwnd == m_desktop.handle)
         return const_cast<Window*>(&m_desktop);
     auto it = m_windows.find(hwnd);

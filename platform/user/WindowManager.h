@@ -70,7 +70,13 @@ public:
     bool AddClass(const WNDCLASS& wc);
     bool RemoveClass(const std::u16string& name);
 
-    Window* Find(HWND hwnd) const;
+    // The window with this handle, or null. The one found last is kept at
+    // hand, so a run of messages to one window skips the hash.
+    Window* Find(HWND hwnd) const {
+        if (hwnd && hwnd == m_lastFound)
+            return m_lastFoundWindow;
+        return FindAndRemember(hwnd);
+    }
     Window* CreateWindowRecord(const WindowClass* windowClass, Window* parent);
     void Forget(Window* window);
     Window* Desktop() { return &m_desktop; }
@@ -110,8 +116,9 @@ private:
 
     std::map<std::u16string, std::unique_ptr<WindowClass>> m_classes;
     std::unordered_map<HWND, std::unique_ptr<Window>> m_windows;
-    // The window found last: a run of messages to one window finds it without
-    // hashing. Handles are never reused, so it only has to go when its window does.
+    Window* FindAndRemember(HWND hwnd) const;
+    // Handles are never reused, so the remembered window only has to be
+    // forgotten when it goes.
     mutable HWND m_lastFound = nullptr;
     mutable Window* m_lastFoundWindow = nullptr;
     Window m_desktop;
