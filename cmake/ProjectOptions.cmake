@@ -7,6 +7,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
     # but cannot fail the build.
     target_compile_options(win_project_options INTERFACE -Wno-error=restrict)
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # The framework's classes keep the original's interface: a control's or a
+    # dialog's own Create hides the window's general one on purpose.
+    target_compile_options(win_project_options INTERFACE -Wno-overloaded-virtual)
+endif()
 if(WIN_SANITIZE)
     target_compile_options(win_project_options INTERFACE
         -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)

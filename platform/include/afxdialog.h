@@ -85,11 +85,6 @@ protected:
     LPCDLGTEMPLATE FindTemplate(HINSTANCE* module) const;
 
     DECLARE_MESSAGE_MAP()
-
-private:
-    // A dialog is created from its template: the window's general Create is
-    // kept out of reach, as the dialog's own Create hides it.
-    using CWnd::Create;
 };
 
 // A message box with the application's name as its caption; without an icon
