@@ -192,102 +192,125 @@ void FormatInto(std::u16string& out, LPCWSTR format, va_list args) {
 
 } // namespace
 
-CString::CString(LPCWSTR text) : m_str(View(text)) {}
+CString::CString(LPCWSTR text) : CString(View(text)) {}
 
 CString::CString(LPCWSTR text, int length) {
     if (text && length > 0)
-        m_str.assign(text, static_cast<std::size_t>(length));
+        m_p = new std::u16string(text, static_cast<std::size_t>(length));
 }
 
 CString::CString(LPCSTR text) {
     if (!text || !*text)
         return;
     int len = static_cast<int>(std::char_traits<char>::length(text));
-    m_str.resize(static_cast<std::size_t>(len));
-    int n = MultiByteToWideChar(CP_ACP, 0, text, len, m_str.data(), len);
-    m_str.resize(n > 0 ? static_cast<std::size_t>(n) : 0);
+    std::u16string& str = Text();
+    str.resize(static_cast<std::size_t>(len));
+    int n = MultiByteToWideChar(CP_ACP, 0, text, len, str.data(), len);
+    str.resize(n > 0 ? static_cast<std::size_t>(n) : 0);
 }
 
 CString::CString(WCHAR ch, int repeat)
-    : m_str(repeat > 0 ? static_cast<std::size_t>(repeat) : 0, ch) {}
+    : m_p(repeat > 0 ? new std::u16string(static_cast<std::size_t>(repeat), ch) : nullptr) {}
+
+CString& CString::operator=(const CString& other) {
+    if (other.IsEmpty())
+        Empty();
+    else if (this != &other)
+        Text() = *other.m_p;
+    return *this;
+}
 
 CString& CString::operator=(LPCWSTR text) {
-    m_str = View(text);
+    // text may point into this string's own storage: assign copes with that.
+    std::u16string_view view = View(text);
+    if (view.empty())
+        Empty();
+    else
+        Text().assign(view.data(), view.size());
     return *this;
 }
 
 LPWSTR CString::GetBuffer(int minLength) {
+    std::u16string& str = Text();
     if (minLength > GetLength())
-        m_str.resize(static_cast<std::size_t>(minLength));
-    return m_str.data();
+        str.resize(static_cast<std::size_t>(minLength));
+    return str.data();
 }
 
 LPWSTR CString::GetBufferSetLength(int length) {
-    m_str.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
-    return m_str.data();
+    std::u16string& str = Text();
+    str.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+    return str.data();
 }
 
 void CString::ReleaseBuffer(int newLength) {
+    if (!m_p)
+        return;
     if (newLength < 0)
-        newLength = static_cast<int>(std::char_traits<char16_t>::length(m_str.c_str()));
-    m_str.resize(Clamp(newLength, m_str.size()));
+        newLength = static_cast<int>(std::char_traits<char16_t>::length(m_p->c_str()));
+    m_p->resize(Clamp(newLength, m_p->size()));
 }
 
 CString& CString::operator+=(const CString& other) {
-    m_str += other.m_str;
+    if (!other.IsEmpty())
+        Text() += other.Str();
     return *this;
 }
 
 CString& CString::operator+=(LPCWSTR text) {
-    m_str += View(text);
+    std::u16string_view view = View(text);
+    if (!view.empty())
+        Text().append(view.data(), view.size());
     return *this;
 }
 
 CString& CString::operator+=(WCHAR ch) {
-    m_str.push_back(ch);
+    Text().push_back(ch);
     return *this;
 }
 
 CString CString::Left(int count) const {
-    return CString(std::u16string_view(m_str).substr(0, Clamp(count, m_str.size())));
+    return CString(std::u16string_view(Str()).substr(0, Clamp(count, Str().size())));
 }
 
 CString CString::Right(int count) const {
-    std::size_t n = Clamp(count, m_str.size());
-    return CString(std::u16string_view(m_str).substr(m_str.size() - n));
+    std::size_t n = Clamp(count, Str().size());
+    return CString(std::u16string_view(Str()).substr(Str().size() - n));
 }
 
 CString CString::Mid(int first) const {
-    return CString(std::u16string_view(m_str).substr(Clamp(first, m_str.size())));
+    return CString(std::u16string_view(Str()).substr(Clamp(first, Str().size())));
 }
 
 CString CString::Mid(int first, int count) const {
-    std::size_t start = Clamp(first, m_str.size());
-    return CString(std::u16string_view(m_str).substr(start, Clamp(count, m_str.size() - start)));
+    std::size_t start = Clamp(first, Str().size());
+    return CString(std::u16string_view(Str()).substr(start, Clamp(count, Str().size() - start)));
 }
 
 int CString::Find(WCHAR ch, int start) const {
-    if (start < 0 || static_cast<std::size_t>(start) >= m_str.size())
+    if (start < 0 || static_cast<std::size_t>(start) >= Str().size())
         return -1;
-    auto pos = m_str.find(ch, static_cast<std::size_t>(start));
+    auto pos = Str().find(ch, static_cast<std::size_t>(start));
     return pos == std::u16string::npos ? -1 : static_cast<int>(pos);
 }
 
 int CString::Find(LPCWSTR sub, int start) const {
-    if (!sub || start < 0 || static_cast<std::size_t>(start) > m_str.size())
+    if (!sub || start < 0 || static_cast<std::size_t>(start) > Str().size())
         return -1;
-    auto pos = m_str.find(View(sub), static_cast<std::size_t>(start));
+    auto pos = Str().find(View(sub), static_cast<std::size_t>(start));
     return pos == std::u16string::npos ? -1 : static_cast<int>(pos);
 }
 
 int CString::ReverseFind(WCHAR ch) const {
-    auto pos = m_str.rfind(ch);
+    auto pos = Str().rfind(ch);
     return pos == std::u16string::npos ? -1 : static_cast<int>(pos);
 }
 
 int CString::Replace(WCHAR oldCh, WCHAR newCh) {
     int count = 0;
-    for (auto& c : m_str)
+    if (!m_p)
+        return 0;
+    for (auto& c : *m_p)
         if (c == oldCh) {
             c = newCh;
             ++count;
@@ -295,20 +318,49 @@ int CString::Replace(WCHAR oldCh, WCHAR newCh) {
     return count;
 }
 
+CString& CString::MakeLower() {
+    if (m_p)
+        for (auto& c : *m_p)
+            c = FoldLower(c);
+    return *this;
+}
+
+CString& CString::MakeUpper() {
+    if (m_p)
+        for (auto& c : *m_p)
+            c = (c >= u'a' && c <= u'z') ? static_cast<WCHAR>(c - 32) : c;
+    return *this;
+}
+
+CString& CString::MakeReverse() {
+    if (m_p)
+        std::reverse(m_p->begin(), m_p->end());
+    return *this;
+}
+
+namespace {
+
+// wcscmp over UTF-16: both strings end at their first zero.
+template <typename Fold> int CompareUnits(LPCWSTR a, LPCWSTR b, Fold fold) {
+    if (!b)
+        b = u"";
+    for (;; ++a, ++b) {
+        WCHAR x = fold(*a), y = fold(*b);
+        if (x != y)
+            return x < y ? -1 : 1;
+        if (!x)
+            return 0;
+    }
+}
+
+} // namespace
+
 int CString::Compare(LPCWSTR other) const {
-    int r = std::u16string_view(m_str).compare(View(other));
-    return r < 0 ? -1 : (r > 0 ? 1 : 0);
+    return CompareUnits(GetString(), other, [](WCHAR c) { return c; });
 }
 
 int CString::CompareNoCase(LPCWSTR other) const {
-    std::u16string_view b = View(other);
-    std::size_t n = std::min(m_str.size(), b.size());
-    for (std::size_t i = 0; i < n; ++i) {
-        WCHAR x = FoldLower(m_str[i]), y = FoldLower(b[i]);
-        if (x != y)
-            return x < y ? -1 : 1;
-    }
-    return m_str.size() == b.size() ? 0 : (m_str.size() < b.size() ? -1 : 1);
+    return CompareUnits(GetString(), other, FoldLower);
 }
 
 void CString::Format(LPCWSTR format, ...) {
@@ -317,7 +369,7 @@ void CString::Format(LPCWSTR format, ...) {
     va_start(args, format);
     FormatInto(out, format, args);
     va_end(args);
-    m_str.swap(out);
+    Text().swap(out);
 }
 
 CString operator+(const CString& a, const CString& b) {

@@ -16,6 +16,10 @@
 struct CRuntimeClass;
 class CArchive;
 
+// Names an element of a framework collection.
+struct __POSITION {};
+typedef __POSITION* POSITION;
+
 class CObject {
 public:
     virtual ~CObject() = default;
@@ -35,6 +39,7 @@ private:
 };
 
 #include "afxarchive.h"
+#include "afxcoll.h"
 #include "afxexcept.h"
 #include "afxfile.h"
 #include "afxruntime.h"

@@ -61,6 +61,11 @@ public:
     CArchive& operator>>(float& value) { return Get(value); }
     CArchive& operator>>(double& value) { return Get(value); }
 
+    // The framework's element count: a WORD below 0xFFFF, else 0xFFFF and a
+    // DWORD below 0xFFFFFFFF, else 0xFFFFFFFF and a 64-bit count.
+    void WriteCount(ULONGLONG count);
+    ULONGLONG ReadCount();
+
     CString m_strFileName;
 
 private:

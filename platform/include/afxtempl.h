@@ -7,9 +7,6 @@
 #include <unordered_map>
 #include <utility>
 
-struct __POSITION {};
-typedef __POSITION* POSITION;
-
 // A hash map with the framework's interface. Iteration runs in insertion order;
 // a POSITION names an element and stays valid until that element is removed.
 template <class KEY, class ARG_KEY, class VALUE, class ARG_VALUE> class CMap {
