@@ -50,20 +50,6 @@ const Statement kStatements[] = {
 const char16_t* const kPredefined[] = {u"BUTTON",  u"EDIT",      u"STATIC",
                                        u"LISTBOX", u"SCROLLBAR", u"COMBOBOX"};
 
-std::u16string Upper(std::u16string s) {
-    for (char16_t& c : s)
-        if (c >= u'a' && c <= u'z')
-            c = static_cast<char16_t>(c - u'a' + u'A');
-    return s;
-}
-
-std::u16string Widen(const std::string& s) {
-    std::u16string out;
-    for (char c : s)
-        out += static_cast<char16_t>(static_cast<unsigned char>(c));
-    return out;
-}
-
 short Coordinate(std::uint32_t v) {
     return static_cast<short>(static_cast<std::uint16_t>(v & 0xFFFF));
 }

@@ -11,21 +11,6 @@ namespace {
 
 constexpr int kMaxMenuDepth = 64;
 
-std::u16string Upper(const std::u16string& s) {
-    std::u16string out = s;
-    for (char16_t& c : out)
-        if (c >= u'a' && c <= u'z')
-            c = static_cast<char16_t>(c - u'a' + u'A');
-    return out;
-}
-
-std::u16string Widen(const std::string& s) {
-    std::u16string out;
-    for (char c : s)
-        out += static_cast<char16_t>(static_cast<unsigned char>(c));
-    return out;
-}
-
 std::string Describe(const Token& t) {
     switch (t.kind) {
     case TokenKind::End:
@@ -442,8 +427,8 @@ void Parser::Skip(const Token& type) {
     // Types whose statement runs up to a block; the others name a file or
     // carry a block right after their options.
     static const char* const kBlockTypes[] = {
-        "VERSIONINFO", "TOOLBAR",     "DESIGNINFO",
-        "GUIDELINES",  "TEXTINCLUDE", "AFX_DIALOG_LAYOUT", "RIBBON_XML_LAYOUT"};
+        "VERSIONINFO", "TOOLBAR",           "DESIGNINFO",       "GUIDELINES",
+        "TEXTINCLUDE", "AFX_DIALOG_LAYOUT", "RIBBON_XML_LAYOUT"};
     bool block = false;
     for (const char* b : kBlockTypes)
         block |= type.IsKeyword(b);

@@ -12,6 +12,22 @@
 
 namespace platform::rc {
 
+// Resource names compare with A to Z folded, so they are kept upper-cased.
+inline std::u16string Upper(std::u16string s) {
+    for (char16_t& c : s)
+        if (c >= u'a' && c <= u'z')
+            c = static_cast<char16_t>(c - u'a' + u'A');
+    return s;
+}
+
+// A name as the script spells it (ASCII), as UTF-16.
+inline std::u16string Widen(const std::string& s) {
+    std::u16string out;
+    for (char c : s)
+        out += static_cast<char16_t>(static_cast<unsigned char>(c));
+    return out;
+}
+
 class Parser {
 public:
     Parser(Lexer& lexer, Preprocessor& source, const MacroTable& macros, ResourceScript& out)
