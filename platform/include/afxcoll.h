@@ -2,6 +2,9 @@
 // list of CString. Both are CObjects and serialise through CArchive.
 #pragma once
 
+// The collections derive from CObject: the framework's core comes first
+// when this header is included on its own (afx.h includes it at its end).
+#include "afx.h"
 #include "afxstr.h"
 
 #include <vector>
