@@ -49,8 +49,7 @@ bool CListCtrlSorter::SortListCtrlByDouble(CListCtrl& list, int column) {
     return SortListCtrlByDouble(list, column, m_ascending, 0, -1);
 }
 
-bool CListCtrlSorter::SortListCtrl(CListCtrl& list, int column, bool ascending, int low,
-                                   int high) {
+bool CListCtrlSorter::SortListCtrl(CListCtrl& list, int column, bool ascending, int low, int high) {
     listsort::SortRows(list, column, ascending, low, high, listsort::TextKey());
     return true;
 }

@@ -33,8 +33,21 @@ struct Sample {
     double wall;
 };
 
-// Seconds per run over a batch of runs.
-Sample Time(const std::function<void()>& work, int runs) {
+// Seconds per run over a batch of runs; a preparation step before each run
+// is left out of the time.
+Sample Time(const std::function<void()>& work, int runs,
+            const std::function<void()>& prepare = nullptr) {
+    if (prepare) {
+        Sample total{0, 0};
+        for (int i = 0; i < runs; ++i) {
+            prepare();
+            const double cpu = ThreadSeconds(), wall = WallSeconds();
+            work();
+            total.cpu += ThreadSeconds() - cpu;
+            total.wall += WallSeconds() - wall;
+        }
+        return {total.cpu / runs, total.wall / runs};
+    }
     const double cpu = ThreadSeconds(), wall = WallSeconds();
     for (int i = 0; i < runs; ++i)
         work();
@@ -45,7 +58,7 @@ Sample Time(const std::function<void()>& work, int runs) {
 int RunsPerSample(const std::function<void()>& work, const Options& options) {
     if (options.fixedRuns > 0)
         return options.fixedRuns;
-    const Sample one = Time(work, 1);
+    const Sample one = Time(work, 1, options.prepare);
     const double seconds = options.batchOnWallClock ? one.wall : one.cpu;
     if (seconds <= 0 || seconds >= options.sampleSeconds)
         return 1;
@@ -95,7 +108,7 @@ Result Interleave(const Options& options, const std::function<void()>& ours,
                   const std::function<void()>& baseline) {
     if (!options.only.empty()) {
         const std::function<void()>& work = options.only == "ours" ? ours : baseline;
-        Time(work, options.rounds * RunsPerSample(work, options));
+        Time(work, options.rounds * RunsPerSample(work, options), options.prepare);
         return {};
     }
     const int oursRuns = RunsPerSample(ours, options);
@@ -104,11 +117,11 @@ Result Interleave(const Options& options, const std::function<void()>& ours,
     for (int round = 0; round < options.rounds; ++round) {
         Sample a{}, b{};
         if (round % 2 == 0) {
-            a = Time(ours, oursRuns);
-            b = Time(baseline, baselineRuns);
+            a = Time(ours, oursRuns, options.prepare);
+            b = Time(baseline, baselineRuns, options.prepare);
         } else {
-            b = Time(baseline, baselineRuns);
-            a = Time(ours, oursRuns);
+            b = Time(baseline, baselineRuns, options.prepare);
+            a = Time(ours, oursRuns, options.prepare);
         }
         oursCpu.push_back(a.cpu);
         oursWall.push_back(a.wall);

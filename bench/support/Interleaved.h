@@ -22,6 +22,9 @@ struct Options {
     // Runs per batch, without the warm-up run that sizes batches when 0: for
     // work that lasts seconds, where one more run of each side is only cost.
     int fixedRuns = 0;
+    // Runs before every run of either side, outside the timing: for work that
+    // consumes its input (a sort in place), to set the input up again.
+    std::function<void()> prepare;
 };
 
 // Reads --rounds N, --sample-ms MS, --json PATH and --only ours|baseline;

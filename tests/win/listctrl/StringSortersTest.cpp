@@ -33,15 +33,15 @@ TEST(StringArraySorter, SortsByCodeUnitInEitherDirection) {
 TEST(StringArraySorter, MovesLongAndEmptyStringsWhole) {
     CStringArray array;
     const std::u16string longText(300, u'm');
-    for (const auto& text : {std::u16string(u"zeta"), std::u16string(), longText,
-                             std::u16string(u"\u00e9t\u00e9"), std::u16string(u"alpha"),
-                             std::u16string(u"alphabet")})
+    for (const auto& text :
+         {std::u16string(u"zeta"), std::u16string(), longText, std::u16string(u"\u00e9t\u00e9"),
+          std::u16string(u"alpha"), std::u16string(u"alphabet")})
         array.Add(CString(text));
     const CString* data = array.GetData();
     LPCWSTR longStorage = data[2].GetString();
     CStringArraySorter::SortStringArray(array, 0);
-    EXPECT_EQ(Contents(array), (Texts{u"", u"alpha", u"alphabet", longText, u"zeta",
-                                      u"\u00e9t\u00e9"}));
+    EXPECT_EQ(Contents(array),
+              (Texts{u"", u"alpha", u"alphabet", longText, u"zeta", u"\u00e9t\u00e9"}));
     EXPECT_EQ(array[3].GetString(), longStorage) << "the text was not copied";
     array.SetAt(0, u"later"); // the moved strings are still sound objects
     array.RemoveAll();
