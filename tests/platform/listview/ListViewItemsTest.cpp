@@ -119,6 +119,47 @@ TEST_F(ListTest, StateChangesOnlyTheMaskedBitsAndReportsEachChange) {
     EXPECT_FALSE(list.SetItemState(3, LVIS_SELECTED, LVIS_SELECTED));
 }
 
+TEST_F(ListTest, SetItemWithStateActsOnTheMaskedBitsAndGetItemReadsOnlyThem) {
+    Create(0, 1, 3);
+    list.SetItemState(0, LVIS_GLOW | LVIS_FOCUSED, LVIS_GLOW | LVIS_FOCUSED);
+    // An item request as a row swap makes it: image, data and the state under
+    // 0xFF0F, the overlay index in bits 8-11 and the state image in 12-15.
+    LVITEM set{};
+    set.mask = LVIF_IMAGE | LVIF_PARAM | LVIF_STATE;
+    set.iItem = 0;
+    set.iImage = 4;
+    set.lParam = 77;
+    set.state = 0x3500 | LVIS_SELECTED | LVIS_CUT | LVIS_ACTIVATING;
+    set.stateMask = 0xFF0F;
+    ASSERT_TRUE(Send(list, LVM_SETITEMW, 0, &set));
+    EXPECT_EQ(list.GetItemState(0, 0xFFFF),
+              static_cast<UINT>(0x3500 | LVIS_SELECTED | LVIS_CUT | LVIS_GLOW))
+        << "the focus went, glow stayed outside the mask and activating was not set";
+    EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), -1);
+
+    LVITEM get{};
+    get.mask = LVIF_IMAGE | LVIF_PARAM | LVIF_STATE;
+    get.iItem = 0;
+    get.stateMask = 0xFF0F;
+    get.state = 0xFFFFFFFF;
+    ASSERT_TRUE(Send(list, LVM_GETITEMW, 0, &get));
+    EXPECT_EQ(get.state, static_cast<UINT>(0x3500 | LVIS_SELECTED | LVIS_CUT));
+    EXPECT_EQ(get.iImage, 4);
+    EXPECT_EQ(get.lParam, 77);
+    get.stateMask = LVIS_OVERLAYMASK;
+    Send(list, LVM_GETITEMW, 0, &get);
+    EXPECT_EQ(get.state, 0x0500u);
+
+    // Giving another item those bits with the focus moves the focus there.
+    get.state = 0x3500 | LVIS_FOCUSED;
+    get.stateMask = 0xFF0F;
+    get.iItem = 2;
+    ASSERT_TRUE(Send(list, LVM_SETITEMW, 0, &get));
+    EXPECT_EQ(list.GetItemState(2, 0xFF0F), static_cast<UINT>(0x3500 | LVIS_FOCUSED));
+    EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), 2);
+    EXPECT_EQ(list.GetSelectedCount(), 1u);
+}
+
 TEST_F(ListTest, OnlyOneItemHoldsTheFocus) {
     Create(0, 1, 4);
     list.SetItemState(0, LVIS_FOCUSED, LVIS_FOCUSED);
