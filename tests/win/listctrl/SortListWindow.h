@@ -4,10 +4,12 @@
 #pragma once
 
 #include <Win/Win.h>
+#include <platform/Automation.h>
 #include <platform/MessagePump.h>
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,13 +21,17 @@ class Parent : public CWnd {
 public:
     int stateChanges = 0;
     int changesUnderWaitCursor = 0;
+    std::function<void(int)> onColumnClick; // the host's handler of heading clicks
 
 protected:
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
-        if (reinterpret_cast<NMHDR*>(lParam)->code == LVN_ITEMCHANGED) {
+        const UINT code = reinterpret_cast<NMHDR*>(lParam)->code;
+        if (code == LVN_ITEMCHANGED) {
             ++stateChanges;
             if (::GetCursor() == ::LoadCursor(nullptr, IDC_WAIT))
                 ++changesUnderWaitCursor;
+        } else if (code == LVN_COLUMNCLICK && onColumnClick) {
+            onColumnClick(reinterpret_cast<NMLISTVIEW*>(lParam)->iSubItem);
         }
         return CWnd::OnNotify(wParam, lParam, result);
     }
@@ -38,6 +44,7 @@ protected:
                                     CRect(0, 0, 480, 320), nullptr, 0));
     }
     void TearDown() override {
+        platform::automation::Reset();
         if (list.m_hWnd)
             list.DestroyWindow();
         parent.DestroyWindow();
@@ -67,6 +74,12 @@ protected:
         for (std::size_t i = 0; i < keys.size(); ++i)
             rows.push_back({keys[i], u"r" + std::u16string(Number(static_cast<int>(i)))});
         Create(2, rows);
+    }
+    // Runs the simulated user's actions, pumping after each.
+    static void RunUser() {
+        platform::PumpMessages();
+        while (platform::automation::RunNext())
+            platform::PumpMessages();
     }
     static std::u16string Number(int n) {
         std::string digits = std::to_string(n);

@@ -170,6 +170,32 @@ TEST_F(SortTest, TwoArgumentSortsAlternateOnOneColumnAndStartAscendingOnAnother)
     EXPECT_FALSE(sorter.GetSortOrder());
 }
 
+TEST_F(SortTest, AHostSortsOnEachHeadingClickAndTheUsersSelectionFollows) {
+    Create(2, {{u"20", u"pear"}, {u"3", u"apple"}, {u"100", u"fig"}});
+    parent.onColumnClick = [this](int column) {
+        if (column == 0)
+            sorter.SortListCtrlByInteger(list, column);
+        else
+            sorter.SortListCtrl(list, column);
+    };
+    ::SetActiveWindow(parent.m_hWnd);
+    namespace automation = platform::automation;
+    automation::ClickListItem(100, 2); // "100", "fig"
+    automation::ClickHeader(100, 0);
+    RunUser();
+    EXPECT_EQ(Column(0), (Texts{u"3", u"20", u"100"}));
+    EXPECT_EQ(list.GetNextItem(-1, LVNI_SELECTED), 2);
+    automation::ClickHeader(100, 0);
+    RunUser();
+    EXPECT_EQ(Column(0), (Texts{u"100", u"20", u"3"}));
+    EXPECT_EQ(list.GetNextItem(-1, LVNI_SELECTED), 0);
+    EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), 0);
+    automation::ClickHeader(100, 1);
+    RunUser();
+    EXPECT_EQ(Column(1), (Texts{u"apple", u"fig", u"pear"}));
+    EXPECT_EQ(list.GetItemText(list.GetNextItem(-1, LVNI_SELECTED), 1), CString(u"fig"));
+}
+
 TEST_F(SortTest, SortOrderMemoryIsCopied) {
     sorter.SetSortOrder(3);
     sorter.SetSortOrder(3);
