@@ -20,9 +20,10 @@ int ColumnCount(CListCtrl& list);
 void SwapRows(CListCtrl& list, int a, int b, int columns);
 
 // Rows low to high inclusive, already within the list. The pivot's key is
-// taken once from the middle row; the scans stop at keys that are not on
-// the pivot's wrong side, so keys that compare neither way stop them as an
-// equal key would. Rows whose texts are the same are not swapped.
+// taken once from the middle row. The lower scan passes keys that belong
+// before it, the upper scan keys that belong after it; a key that compares
+// neither way (an equal key, or text that is no date) stops both. Rows whose
+// texts are the same are not swapped.
 template <class Key>
 void SortRange(CListCtrl& list, int column, int columns, bool ascending, int low, int high,
                const Key& key) {
