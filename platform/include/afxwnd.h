@@ -177,6 +177,9 @@ protected:
     // Looks the message up in the message map; TRUE with the result when a
     // handler took it.
     virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    // The messages WindowProc hands to virtual handlers of the class itself
+    // (creation, size, painting, destruction), and DefWindowProc for the rest.
+    LRESULT HandleBuiltIn(UINT message, WPARAM wParam, LPARAM lParam);
     // WM_COMMAND: a control's notification is first reflected to the control;
     // a menu command is dropped when its update handler disables it.
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
