@@ -1,11 +1,12 @@
 // The clipboard's rules: who may open it, who owns it, what it takes and
 // frees, and the text formats that stand in for each other.
-#include "ClipboardFixture.h"
+#include "support/ClipboardSupport.h"
 
 #include <vector>
 
-namespace clipboard_tests {
 namespace {
+
+using namespace testing_support;
 
 std::vector<UINT> EnumeratedFormats() {
     std::vector<UINT> formats;
@@ -302,4 +303,3 @@ TEST_F(ClipboardTest, ADestroyedWindowLetsGoOfTheClipboardButNotOfItsData) {
 }
 
 } // namespace
-} // namespace clipboard_tests

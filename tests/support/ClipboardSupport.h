@@ -13,7 +13,7 @@
 #include <cstring>
 #include <string>
 
-namespace clipboard_tests {
+namespace testing_support {
 
 // A moveable block holding bytes, with a terminating zero unless told not to.
 inline HGLOBAL TextBlock(const std::string& bytes, bool terminate = true) {
@@ -72,6 +72,8 @@ inline void ClearClipboard() {
     CloseClipboard();
 }
 
+// Tests of the clipboard start with it closed and empty and check at the end
+// that every global block and GDI object they made is gone again.
 class ClipboardTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -101,4 +103,4 @@ protected:
     platform::GdiCounts gdi;
 };
 
-} // namespace clipboard_tests
+} // namespace testing_support
