@@ -393,6 +393,10 @@ int CWnd::ReleaseDC(CDC* dc) {
     return dc ? ::ReleaseDC(m_hWnd, dc->m_hDC) : 0;
 }
 
+BOOL CWnd::OpenClipboard() {
+    return ::OpenClipboard(m_hWnd);
+}
+
 CDC* CWnd::BeginPaint(LPPAINTSTRUCT paint) {
     return CDC::FromHandle(::BeginPaint(m_hWnd, paint));
 }

@@ -141,6 +141,9 @@ public:
     CDC* BeginPaint(LPPAINTSTRUCT paint);
     void EndPaint(LPPAINTSTRUCT paint);
 
+    // Opens the clipboard on behalf of this window.
+    BOOL OpenClipboard();
+
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0,
