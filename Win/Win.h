@@ -6,6 +6,8 @@
 #include "Win/export/CExportFormat.h"
 #include "Win/export/CExportFormatDlg.h"
 #include "Win/framework/CSchemaManager.h"
+#include "Win/print/CGXUtils.h"
+#include "Win/print/StringTokenizerStream.h"
 #include "Win/render/ScreenCharRenderer.h"
 #include "Win/screen/CursorPos.h"
 #include "Win/screen/EmulatorLayout.h"
