@@ -252,13 +252,15 @@ TEST_F(ListColumnsTest, AMalformedBuiltInLayoutKeepsTheColumnsBeforeTheFault) {
 }
 
 TEST_F(ListColumnsTest, ExtremeWidthsGoToTheList) {
-    Restore(u"Wide;2147483647;None;0;Negative;-5;");
-    platform::PumpMessages(); // the list paints its huge column
+    list->InsertItem(0, u"row");
+    Restore(u"Wide;2147483647;Wider;2147483647;None;0;Negative;-5;");
+    platform::PumpMessages(); // the list and its header paint the huge columns
     const Columns shown = Shown();
-    ASSERT_EQ(shown.size(), 3u);
+    ASSERT_EQ(shown.size(), 4u);
     EXPECT_EQ(shown[0], (std::pair<std::u16string, int>{u"Wide", INT_MAX}));
-    EXPECT_EQ(shown[1].second, 0);
-    EXPECT_EQ(shown[2].second, 0); // the list takes no negative width
+    EXPECT_EQ(shown[1].second, INT_MAX);
+    EXPECT_EQ(shown[2].second, 0);
+    EXPECT_EQ(shown[3].second, 0); // the list takes no negative width
 }
 
 TEST_F(ListColumnsTest, WithoutAnApplicationTheBuiltInLayoutIsUsedAndNothingSaved) {
