@@ -9,6 +9,8 @@
 #include "Win/listctrl/CListCtrlSorter.h"
 #include "Win/listctrl/CStringArraySorter.h"
 #include "Win/listctrl/FieldValuePair.h"
+#include "Win/print/CGXUtils.h"
+#include "Win/print/StringTokenizerStream.h"
 #include "Win/render/ScreenCharRenderer.h"
 #include "Win/screen/CursorPos.h"
 #include "Win/screen/EmulatorLayout.h"

@@ -9,7 +9,7 @@ runs=${WIN_FUZZ_RUNS:-1000000}
 cmake --preset fuzz
 cmake --build --preset fuzz -j "${WIN_JOBS:-2}"
 targets=("$@")
-[ ${#targets[@]} -eq 0 ] && targets=(screen archive rcscript profile dates)
+[ ${#targets[@]} -eq 0 ] && targets=(screen archive rcscript profile dates columns)
 for name in "${targets[@]}"; do
     work="build/fuzz/corpus/$name"
     mkdir -p "$work" build/fuzz/artifacts

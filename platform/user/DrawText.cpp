@@ -6,10 +6,20 @@
 
 #include <wingdi.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 namespace {
+
+// A device addresses coordinates up to 2^27 either way; a rectangle beyond
+// that is held there, so the sums below cannot overflow.
+constexpr int kCoordinateLimit = 1 << 27;
+
+RECT WithinDevice(const RECT& rect) {
+    auto clamp = [](int v) { return std::clamp(v, -kCoordinateLimit, kCoordinateLimit); };
+    return RECT{clamp(rect.left), clamp(rect.top), clamp(rect.right), clamp(rect.bottom)};
+}
 
 struct Line {
     std::u16string text;
@@ -133,7 +143,8 @@ int DrawTextW(HDC hdc, LPCWSTR text, int count, LPRECT rect, UINT format) {
     TEXTMETRIC tm{};
     GetTextMetrics(hdc, &tm);
     int lineHeight = tm.tmHeight + ((format & DT_EXTERNALLEADING) ? tm.tmExternalLeading : 0);
-    int width = rect->right - rect->left;
+    const RECT box = WithinDevice(*rect);
+    int width = box.right - box.left;
     std::vector<std::u16string> raw = SplitLines(hdc, source, format, width);
     std::vector<Line> lines;
     int widest = 0;
@@ -146,33 +157,33 @@ int DrawTextW(HDC hdc, LPCWSTR text, int count, LPRECT rect, UINT format) {
     int height = lineHeight * static_cast<int>(lines.size());
     if (format & DT_CALCRECT) {
         if (format & DT_SINGLELINE || !(format & DT_WORDBREAK) || widest > width)
-            rect->right = rect->left + widest;
-        rect->bottom = rect->top + height;
+            rect->right = box.left + widest;
+        rect->bottom = box.top + height;
         return height;
     }
-    int top = rect->top;
+    int top = box.top;
     if (format & DT_SINGLELINE) {
         if (format & DT_VCENTER)
-            top = rect->top + (rect->bottom - rect->top - lineHeight) / 2;
+            top = box.top + (box.bottom - box.top - lineHeight) / 2;
         else if (format & DT_BOTTOM)
-            top = rect->bottom - lineHeight;
+            top = box.bottom - lineHeight;
     }
     auto* dc = platform::gdi::LookupDC(hdc);
     RECT savedClip{};
     if (dc && !(format & DT_NOCLIP)) {
         savedClip = dc->clip;
-        RECT device{rect->left + dc->origin.x, rect->top + dc->origin.y, rect->right + dc->origin.x,
-                    rect->bottom + dc->origin.y};
+        RECT device{box.left + dc->origin.x, box.top + dc->origin.y, box.right + dc->origin.x,
+                    box.bottom + dc->origin.y};
         dc->clip = platform::user::Intersect(dc->clip, device);
         platform::gdi::ResetCairo(*dc);
     }
     for (const Line& line : lines) {
         int lineWidth = Width(hdc, line.text);
-        int x = rect->left;
+        int x = box.left;
         if (format & DT_CENTER)
-            x = rect->left + (width - lineWidth) / 2;
+            x = box.left + (width - lineWidth) / 2;
         else if (format & DT_RIGHT)
-            x = rect->right - lineWidth;
+            x = box.right - lineWidth;
         if (!line.text.empty())
             TextOut(hdc, x, top, line.text.c_str(), static_cast<int>(line.text.size()));
         if (line.underline >= 0 && line.underline < static_cast<int>(line.text.size())) {

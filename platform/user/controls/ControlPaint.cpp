@@ -1,5 +1,7 @@
 #include "ControlPaint.h"
 
+#include <algorithm>
+
 namespace platform::user {
 
 void FillSolid(HDC hdc, const RECT& rect, COLORREF color) {
@@ -17,13 +19,23 @@ void FrameSolid(HDC hdc, const RECT& rect, COLORREF color) {
 void DottedFrame(HDC hdc, const RECT& rect, COLORREF color) {
     if (rect.right <= rect.left || rect.bottom <= rect.top)
         return;
-    for (int x = rect.left; x < rect.right; x += 2) {
-        SetPixel(hdc, x, rect.top, color);
-        SetPixel(hdc, x, rect.bottom - 1, color);
+    // Only the dots inside the clip box are set (a frame may be far wider than
+    // any window); they keep the phase of the frame's corner.
+    RECT clip{};
+    if (GetClipBox(hdc, &clip) == ERROR)
+        return;
+    auto firstDot = [](long long from, long long clipFrom) {
+        return from >= clipFrom ? from : from + (clipFrom - from + 1) / 2 * 2;
+    };
+    const long long xEnd = std::min<long long>(rect.right, clip.right);
+    for (long long x = firstDot(rect.left, clip.left); x < xEnd; x += 2) {
+        SetPixel(hdc, static_cast<int>(x), rect.top, color);
+        SetPixel(hdc, static_cast<int>(x), rect.bottom - 1, color);
     }
-    for (int y = rect.top; y < rect.bottom; y += 2) {
-        SetPixel(hdc, rect.left, y, color);
-        SetPixel(hdc, rect.right - 1, y, color);
+    const long long yEnd = std::min<long long>(rect.bottom, clip.bottom);
+    for (long long y = firstDot(rect.top, clip.top); y < yEnd; y += 2) {
+        SetPixel(hdc, rect.left, static_cast<int>(y), color);
+        SetPixel(hdc, rect.right - 1, static_cast<int>(y), color);
     }
 }
 
@@ -44,6 +56,11 @@ HBRUSH ControlBackground(HWND control, HDC hdc, UINT ctlColorMessage) {
             return brush;
     }
     return GetSysColorBrush(COLOR_BTNFACE);
+}
+
+int DeviceCoord(long long position) {
+    constexpr long long kLimit = 1 << 27;
+    return static_cast<int>(std::clamp(position, -kLimit, kLimit));
 }
 
 } // namespace platform::user

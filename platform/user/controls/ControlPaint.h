@@ -14,6 +14,10 @@ void FrameSolid(HDC hdc, const RECT& rect, COLORREF color);
 // The keyboard focus frame: every other pixel of a one-pixel frame.
 void DottedFrame(HDC hdc, const RECT& rect, COLORREF color);
 
+// A position summed in 64 bits (column edges, whose widths may each be as
+// large as an int), held within what a device addresses: 2^27 either way.
+int DeviceCoord(long long position);
+
 // Selects a control's font (the system font when it has none) for the
 // lifetime of the object.
 class FontScope {

@@ -62,11 +62,11 @@ int PositionOf(const HeaderState& state, int item) {
 RECT ItemRect(HWND hwnd, const HeaderState& state, int item) {
     RECT client;
     GetClientRect(hwnd, &client);
-    int x = 0;
+    long long x = 0;
     for (int index : state.order) {
         int width = state.items[static_cast<std::size_t>(index)].width;
         if (index == item)
-            return RECT{x, 0, x + width, client.bottom};
+            return RECT{DeviceCoord(x), 0, DeviceCoord(x + width), client.bottom};
         x += width;
     }
     return RECT{0, 0, 0, 0};
@@ -76,10 +76,10 @@ RECT ItemRect(HWND hwnd, const HeaderState& state, int item) {
 // A divider takes precedence over the heading to its right.
 int HitTest(const HeaderState& state, int x, bool* onDivider) {
     *onDivider = false;
-    int left = 0;
+    long long left = 0;
     for (std::size_t pos = 0; pos < state.order.size(); ++pos) {
         int index = state.order[pos];
-        int right = left + state.items[static_cast<std::size_t>(index)].width;
+        long long right = left + state.items[static_cast<std::size_t>(index)].width;
         if (x >= right - kDividerGrip && x < right + kDividerGrip) {
             *onDivider = true;
             return index;
@@ -204,10 +204,10 @@ void Paint(HWND hwnd, const HeaderState& state) {
     SetBkMode(hdc, TRANSPARENT);
     SetTextColor(hdc, GetSysColor(COLOR_BTNTEXT));
     const COLORREF divider = 0xE5E5E5;
-    int x = 0;
+    long long x = 0;
     for (int index : state.order) {
         const HeaderItem& item = state.items[static_cast<std::size_t>(index)];
-        RECT cell{x, client.top, x + item.width, client.bottom};
+        RECT cell{DeviceCoord(x), client.top, DeviceCoord(x + item.width), client.bottom};
         if (index == state.pressed)
             FillSolid(hdc, cell, 0xF7E4CC);
         RECT text{cell.left + 6, cell.top, cell.right - 6, cell.bottom};
@@ -217,7 +217,7 @@ void Paint(HWND hwnd, const HeaderState& state) {
         DrawCellText(hdc, item.text, text, align);
         if (item.width > 0)
             FillSolid(hdc, RECT{cell.right - 1, cell.top, cell.right, cell.bottom}, divider);
-        x = cell.right;
+        x += item.width;
     }
     FillSolid(hdc, RECT{client.left, client.bottom - 1, client.right, client.bottom}, divider);
     EndPaint(hwnd, &ps);

@@ -78,12 +78,12 @@ int RowsPerPage(HWND hwnd, const ListViewState& state) {
 }
 
 bool ColumnSpan(const ListViewState& state, int column, int* left, int* right) {
-    int x = 0;
+    long long x = 0;
     for (int index : Order(state)) {
         int width = HeaderWidth(state.header, index);
         if (index == column) {
-            *left = x;
-            *right = x + width;
+            *left = DeviceCoord(x);
+            *right = DeviceCoord(x + width);
             return true;
         }
         x += width;
@@ -92,10 +92,10 @@ bool ColumnSpan(const ListViewState& state, int column, int* left, int* right) {
 }
 
 int TotalColumnWidth(const ListViewState& state) {
-    int total = 0;
+    long long total = 0;
     for (std::size_t i = 0; i < state.columns.size(); ++i)
         total += HeaderWidth(state.header, static_cast<int>(i));
-    return total;
+    return DeviceCoord(total);
 }
 
 void InvalidateItem(HWND hwnd, const ListViewState& state, int item) {
@@ -157,9 +157,10 @@ void PaintListView(HWND hwnd, const ListViewState& state) {
     std::vector<UINT> aligns;
     for (int index : order)
         aligns.push_back(Align(state.header, index));
-    int total = 0;
+    long long sum = 0;
     for (int width : widths)
-        total += width;
+        sum += width;
+    const int total = DeviceCoord(sum);
 
     FontScope font(hdc, state.font);
     SetBkMode(hdc, TRANSPARENT);
@@ -169,11 +170,11 @@ void PaintListView(HWND hwnd, const ListViewState& state) {
         const ListRow& row = state.rows[static_cast<std::size_t>(item)];
         int y = state.headerHeight + (item - state.top) * state.rowHeight;
         bool selected = (row.state & LVIS_SELECTED) && showSelection;
-        int x = 0;
+        long long x = 0;
         for (std::size_t pos = 0; pos < order.size(); ++pos) {
             int column = order[pos];
-            RECT cell{x, y, x + widths[pos], y + state.rowHeight};
-            x = cell.right;
+            RECT cell{DeviceCoord(x), y, DeviceCoord(x + widths[pos]), y + state.rowHeight};
+            x += widths[pos];
             bool highlight = selected && (fullRow || column == 0);
             if (highlight)
                 FillSolid(hdc, cell,
@@ -199,12 +200,13 @@ void PaintListView(HWND hwnd, const ListViewState& state) {
         }
     }
     if (grid) {
-        int x = 0;
+        long long x = 0;
         int bottom = std::min(static_cast<int>(client.bottom),
                               state.headerHeight + (count - state.top) * state.rowHeight);
         for (int width : widths) {
             x += width;
-            FillSolid(hdc, RECT{x - 1, state.headerHeight, x, bottom}, kGridColor);
+            FillSolid(hdc, RECT{DeviceCoord(x) - 1, state.headerHeight, DeviceCoord(x), bottom},
+                      kGridColor);
         }
     }
     // A plain vertical bar when not every row fits: the track and the thumb.
