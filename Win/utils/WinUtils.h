@@ -35,6 +35,18 @@ public:
     // specification message after the columns that could be read.
     static void RestoreListColumns(CListCtrl& list, const CString& section, const CString& builtIn);
 
+    // Puts text on the clipboard as CF_TEXT in the ANSI code page, in place of
+    // everything on it. False when the clipboard could not be opened or did
+    // not take the text.
+    static bool CopyToClipboard(const CString& text);
+    // The clipboard's CF_TEXT converted from the ANSI code page; empty when
+    // there is none or the clipboard cannot be opened.
+    static CString PasteFromClipboard();
+    // Puts a CF_BITMAP of the window on the clipboard: the size of the window
+    // rectangle, copied from the client area's origin. Nothing happens when a
+    // step fails.
+    static void PutImageOnClipboard(CWnd* pWnd);
+
     // The host's messages: the file could not be opened (one string
     // placeholder: the reason), and the list was written (one: the file name).
     static constexpr UINT IDS_EXPORT_OPEN_FAILED = 698;

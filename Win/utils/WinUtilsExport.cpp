@@ -34,8 +34,7 @@ void ReadCell(HWND list, int row, int column, LVITEM& request, std::vector<WCHAR
         const int copied = static_cast<int>(::SendMessage(
             list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&request)));
         if (copied < size - 1) {
-            std::char_traits<WCHAR>::copy(text.GetBufferSetLength(copied), buffer.data(),
-                                          static_cast<std::size_t>(copied));
+            text.SetString(buffer.data(), copied);
             return;
         }
         buffer.resize(buffer.size() * 2);

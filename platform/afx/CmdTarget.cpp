@@ -1,6 +1,8 @@
 // Command targets, message map look-up and the command user-interface state.
 #include <afxwin.h>
 
+#include "WndProc.h"
+
 #include <cstdint>
 
 const AFX_MSGMAP* CCmdTarget::GetThisMessageMap() {
@@ -13,20 +15,11 @@ const AFX_MSGMAP* CCmdTarget::GetMessageMap() const {
     return GetThisMessageMap();
 }
 
-namespace {
+namespace platform::afx {
+thread_local LookupCacheEntry t_lookupCache[kLookupCacheSize];
+} // namespace platform::afx
 
-// Message maps are constant tables, so what a look-up found (or that it found
-// nothing) stays true: a small cache per thread spares walking the chain of
-// maps for every message.
-struct LookupCacheEntry {
-    const AFX_MSGMAP* map = nullptr;
-    UINT message = 0, code = 0, id = 0;
-    const AFX_MSGMAP_ENTRY* entry = nullptr;
-};
-constexpr std::size_t kLookupCacheSize = 64;
-// Initial-exec: the library is loaded with the program, and the general model
-// would call into the loader for every look-up.
-[[gnu::tls_model("initial-exec")]] thread_local LookupCacheEntry t_lookupCache[kLookupCacheSize];
+namespace {
 
 const AFX_MSGMAP_ENTRY* WalkMaps(const AFX_MSGMAP* map, UINT message, UINT code, UINT id) {
     for (; map; map = map->pfnGetBaseMap ? map->pfnGetBaseMap() : nullptr)
@@ -41,14 +34,11 @@ const AFX_MSGMAP_ENTRY* WalkMaps(const AFX_MSGMAP* map, UINT message, UINT code,
 
 const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP* map, UINT message, UINT code,
                                             UINT id) {
-    const std::size_t slot =
-        (reinterpret_cast<std::uintptr_t>(map) >> 4 ^ message * 31u ^ code * 131u ^ id * 7u) %
-        kLookupCacheSize;
-    LookupCacheEntry& cached = t_lookupCache[slot];
+    platform::afx::LookupCacheEntry& cached = platform::afx::LookupSlot(map, message, code, id);
     if (cached.map == map && cached.message == message && cached.code == code && cached.id == id)
         return cached.entry;
     const AFX_MSGMAP_ENTRY* entry = WalkMaps(map, message, code, id);
-    cached = LookupCacheEntry{map, message, code, id, entry};
+    cached = platform::afx::LookupCacheEntry{map, message, code, id, entry};
     return entry;
 }
 

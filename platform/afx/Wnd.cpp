@@ -2,6 +2,7 @@
 // thin wrappers over the window system's functions.
 #include <afxwin.h>
 
+#include "WndProc.h"
 #include "user/WindowManager.h"
 
 #include <memory>
@@ -16,11 +17,6 @@ std::unordered_map<HWND, CWnd*>& PermanentMap() {
     return *map;
 }
 
-// The object found last, so that a run of messages to one window skips the
-// hash; every change of the map forgets it.
-HWND g_lastPermanent = nullptr;
-CWnd* g_lastPermanentWnd = nullptr;
-
 // Wrappers for windows no object was created for, kept until the window dies.
 std::unordered_map<HWND, std::unique_ptr<CWnd>>& TemporaryMap() {
     static auto* map = new std::unordered_map<HWND, std::unique_ptr<CWnd>>();
@@ -31,13 +27,6 @@ std::unordered_map<HWND, std::unique_ptr<CWnd>>& TemporaryMap() {
 // subclassed, before the window's first message, so that WM_NCCREATE and
 // WM_CREATE already reach it.
 CWnd* g_creating = nullptr;
-
-LRESULT FrameworkWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-    CWnd* wnd = CWnd::FromHandlePermanent(hwnd);
-    if (!wnd)
-        return ::DefWindowProc(hwnd, message, wParam, lParam);
-    return AfxCallWndProc(wnd, hwnd, message, wParam, lParam);
-}
 
 void AttachCreatingObject(HWND hwnd) {
     CWnd* wnd = g_creating;
@@ -59,6 +48,9 @@ void RegisterFrameworkClass() {
 } // namespace
 
 namespace platform::afx {
+
+HWND g_lastPermanent = nullptr;
+CWnd* g_lastPermanentWnd = nullptr;
 
 // Makes the next window created belong to wnd; the previous value comes back
 // for nesting.
@@ -83,13 +75,13 @@ CWnd::~CWnd() {
 }
 
 CWnd* CWnd::FromHandlePermanent(HWND hwnd) {
-    if (hwnd && hwnd == g_lastPermanent)
-        return g_lastPermanentWnd;
+    if (hwnd && hwnd == platform::afx::g_lastPermanent)
+        return platform::afx::g_lastPermanentWnd;
     auto it = PermanentMap().find(hwnd);
     if (it == PermanentMap().end())
         return nullptr;
-    g_lastPermanent = hwnd;
-    g_lastPermanentWnd = it->second;
+    platform::afx::g_lastPermanent = hwnd;
+    platform::afx::g_lastPermanentWnd = it->second;
     return it->second;
 }
 
@@ -113,7 +105,7 @@ BOOL CWnd::Attach(HWND hwnd) {
     if (!hwnd || m_hWnd || FromHandlePermanent(hwnd))
         return FALSE;
     m_hWnd = hwnd;
-    g_lastPermanent = nullptr;
+    platform::afx::g_lastPermanent = nullptr;
     PermanentMap()[hwnd] = this;
     return TRUE;
 }
@@ -123,7 +115,7 @@ HWND CWnd::Detach() {
     if (hwnd) {
         auto it = PermanentMap().find(hwnd);
         if (it != PermanentMap().end() && it->second == this) {
-            g_lastPermanent = nullptr;
+            platform::afx::g_lastPermanent = nullptr;
             PermanentMap().erase(it);
         }
     }
@@ -136,9 +128,10 @@ BOOL CWnd::SubclassWindow(HWND hwnd) {
         return FALSE;
     PreSubclassWindow();
     auto previous = reinterpret_cast<WNDPROC>(::GetWindowLongPtr(hwnd, GWLP_WNDPROC));
-    if (previous != FrameworkWndProc) {
+    if (previous != platform::afx::FrameworkWndProc) {
         m_pfnSuper = previous;
-        ::SetWindowLongPtr(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(FrameworkWndProc));
+        ::SetWindowLongPtr(hwnd, GWLP_WNDPROC,
+                           reinterpret_cast<LONG_PTR>(platform::afx::FrameworkWndProc));
     }
     return TRUE;
 }
@@ -398,6 +391,10 @@ CDC* CWnd::GetDC() {
 
 int CWnd::ReleaseDC(CDC* dc) {
     return dc ? ::ReleaseDC(m_hWnd, dc->m_hDC) : 0;
+}
+
+BOOL CWnd::OpenClipboard() {
+    return ::OpenClipboard(m_hWnd);
 }
 
 CDC* CWnd::BeginPaint(LPPAINTSTRUCT paint) {

@@ -2,6 +2,8 @@
 // handlers the framework calls directly, then the default processing.
 // Commands and notifications from controls are reflected to the control
 // before the parent's map sees them.
+#include "WndProc.h"
+
 #include <afxwin.h>
 
 #include <vector>
@@ -50,10 +52,28 @@ LRESULT AfxCallWndProc(CWnd* wnd, HWND hwnd, UINT message, WPARAM wParam, LPARAM
     return wnd->WindowProc(message, wParam, lParam);
 }
 
+// Beside the routing below, so that the common path (the object found last,
+// the handler cached, the default procedure) compiles into one function.
+LRESULT platform::afx::FrameworkWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    CWnd* wnd =
+        hwnd && hwnd == g_lastPermanent ? g_lastPermanentWnd : CWnd::FromHandlePermanent(hwnd);
+    if (!wnd)
+        return ::DefWindowProc(hwnd, message, wParam, lParam);
+    return AfxCallWndProc(wnd, hwnd, message, wParam, lParam);
+}
+
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     if (message != WM_NCDESTROY && OnWndMsg(message, wParam, lParam, &result))
         return result;
+    // A control's own messages go straight on to its procedure.
+    if (message < WM_USER)
+        return HandleBuiltIn(message, wParam, lParam);
+    return DefWindowProc(message, wParam, lParam);
+}
+
+// Out of line, so the common path above stays small.
+[[gnu::noinline]] LRESULT CWnd::HandleBuiltIn(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_CREATE:
         return OnCreate(reinterpret_cast<LPCREATESTRUCT>(lParam));
@@ -70,7 +90,7 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND:
         return OnEraseBkgnd(CDC::FromHandle(reinterpret_cast<HDC>(wParam)));
     case WM_NCDESTROY: {
-        result = DefWindowProc(message, wParam, lParam);
+        LRESULT result = DefWindowProc(message, wParam, lParam);
         m_pfnSuper = nullptr;
         Detach();
         PostNcDestroy();
@@ -109,7 +129,7 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
         *result = answer;
         return TRUE;
     }
-    const AFX_MSGMAP_ENTRY* entry = AfxFindMessageEntry(GetMessageMap(), message, 0, 0);
+    const AFX_MSGMAP_ENTRY* entry = platform::afx::FindWindowMessageEntry(GetMessageMap(), message);
     if (!entry)
         return FALSE;
     *result = entry->pfn(this, wParam, lParam);

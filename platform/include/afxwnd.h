@@ -141,6 +141,9 @@ public:
     CDC* BeginPaint(LPPAINTSTRUCT paint);
     void EndPaint(LPPAINTSTRUCT paint);
 
+    // Opens the clipboard on behalf of this window.
+    BOOL OpenClipboard();
+
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0,
@@ -177,6 +180,9 @@ protected:
     // Looks the message up in the message map; TRUE with the result when a
     // handler took it.
     virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    // The messages WindowProc hands to virtual handlers of the class itself
+    // (creation, size, painting, destruction), and DefWindowProc for the rest.
+    LRESULT HandleBuiltIn(UINT message, WPARAM wParam, LPARAM lParam);
     // WM_COMMAND: a control's notification is first reflected to the control;
     // a menu command is dropped when its update handler disables it.
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);

@@ -73,6 +73,13 @@ public:
             Text().append(text, static_cast<std::size_t>(length));
     }
     void AppendChar(WCHAR ch) { Text().push_back(ch); }
+    // Replaces the text by length characters from text.
+    void SetString(LPCWSTR text, int length) {
+        if (text && length > 0)
+            Text().assign(text, static_cast<std::size_t>(length));
+        else
+            Empty();
+    }
 
     CString Left(int count) const;
     CString Right(int count) const;

@@ -44,20 +44,65 @@ BOOL WritePrivateProfileStringW(LPCWSTR appName, LPCWSTR keyName, LPCWSTR string
 #define GetPrivateProfileInt GetPrivateProfileIntW
 #define WritePrivateProfileString WritePrivateProfileStringW
 
+// Global memory blocks. A fixed block's handle is its address; a moveable
+// block has a handle of its own and its address comes from GlobalLock. A
+// handle that is not a live block fails: NULL, 0 or GMEM_INVALID_HANDLE with
+// ERROR_INVALID_HANDLE, and GlobalFree gives the handle back.
+#define GMEM_FIXED 0x0000
+#define GMEM_MOVEABLE 0x0002
+#define GMEM_NOCOMPACT 0x0010
+#define GMEM_NODISCARD 0x0020
+#define GMEM_ZEROINIT 0x0040
+#define GMEM_MODIFY 0x0080
+#define GMEM_DISCARDABLE 0x0100
+#define GMEM_NOT_BANKED 0x1000
+#define GMEM_SHARE 0x2000
+#define GMEM_DDESHARE 0x2000
+#define GMEM_NOTIFY 0x4000
+#define GMEM_DISCARDED 0x4000
+#define GMEM_INVALID_HANDLE 0x8000
+#define GMEM_LOCKCOUNT 0x00FF
+#define GHND (GMEM_MOVEABLE | GMEM_ZEROINIT)
+#define GPTR (GMEM_FIXED | GMEM_ZEROINIT)
+
+// A block of bytes (zeroed with GMEM_ZEROINIT). A moveable block of 0 bytes is
+// born discarded: it has a handle but no memory. NULL with
+// ERROR_NOT_ENOUGH_MEMORY when the memory cannot be had.
+HGLOBAL GlobalAlloc(UINT flags, SIZE_T bytes);
+// The block's address. A moveable block's lock count goes up by one (up to
+// 255); NULL for a discarded block.
+LPVOID GlobalLock(HGLOBAL block);
+// Counts a lock of a moveable block down: nonzero while it is still locked,
+// else FALSE with ERROR_SUCCESS, or FALSE with ERROR_NOT_LOCKED when it was
+// not locked. TRUE for a fixed block.
+BOOL GlobalUnlock(HGLOBAL block);
+// NULL once the block is freed (also for NULL), else the handle.
+HGLOBAL GlobalFree(HGLOBAL block);
+// The size asked for at allocation; 0 for a discarded block.
+SIZE_T GlobalSize(HGLOBAL block);
+// The lock count in the low byte, with GMEM_DDESHARE, GMEM_DISCARDABLE and
+// GMEM_DISCARDED as they apply.
+UINT GlobalFlags(HGLOBAL block);
+
 DWORD GetLastError();
 void SetLastError(DWORD error);
 #define ERROR_SUCCESS 0
 #define ERROR_FILE_NOT_FOUND 2
 #define ERROR_PATH_NOT_FOUND 3
 #define ERROR_ACCESS_DENIED 5
+#define ERROR_INVALID_HANDLE 6
+#define ERROR_NOT_ENOUGH_MEMORY 8
 #define ERROR_WRITE_FAULT 29
 #define ERROR_INVALID_PARAMETER 87
 #define ERROR_DISK_FULL 112
 #define ERROR_INSUFFICIENT_BUFFER 122
+#define ERROR_NOT_LOCKED 158
 #define ERROR_FILENAME_EXCED_RANGE 206
 #define ERROR_FILE_TOO_LARGE 223
 #define ERROR_INVALID_FLAGS 1004
 #define ERROR_NO_UNICODE_TRANSLATION 1113
+#define ERROR_INVALID_WINDOW_HANDLE 1400
+#define ERROR_CLIPBOARD_NOT_OPEN 1418
 
 // Modules.
 #define GET_MODULE_HANDLE_EX_FLAG_PIN 0x1

@@ -368,3 +368,36 @@ BOOL SetCursorPos(int x, int y);
 #define VK_OEM_5 0xDC
 #define VK_OEM_6 0xDD
 #define VK_OEM_7 0xDE
+
+// The clipboard, one for the desktop and shared by all its windows. One
+// window (or the program itself, with a null window) has it open at a time.
+// Data handed over with SetClipboardData belongs to the clipboard from then
+// on: CF_BITMAP holds an HBITMAP, every other format a global memory block.
+// CF_TEXT and CF_UNICODETEXT each stand in for the other, converted through
+// the ANSI code page in effect when the text was set.
+#define CF_TEXT 1
+#define CF_BITMAP 2
+#define CF_UNICODETEXT 13
+
+// Fails (ERROR_ACCESS_DENIED) while another window has the clipboard open;
+// the window that has it open may open it again. A window that is not alive
+// fails with ERROR_INVALID_WINDOW_HANDLE.
+BOOL OpenClipboard(HWND window);
+BOOL CloseClipboard();
+// Frees all data and makes the window that opened the clipboard its owner.
+BOOL EmptyClipboard();
+// Puts data on the clipboard in place of what format held; returns data, or
+// NULL when the clipboard is not open, data is not a live object of the
+// format's kind or is already on the clipboard under another format (the
+// caller then keeps it).
+HANDLE SetClipboardData(UINT format, HANDLE data);
+// The clipboard's data of format, which stays the clipboard's; NULL when the
+// clipboard is not open or has none.
+HANDLE GetClipboardData(UINT format);
+BOOL IsClipboardFormatAvailable(UINT format);
+int CountClipboardFormats();
+// The format after format (0 starts), in the order they were set, the
+// stand-in text formats last; 0 at the end or when the clipboard is not open.
+UINT EnumClipboardFormats(UINT format);
+HWND GetClipboardOwner();
+HWND GetOpenClipboardWindow();

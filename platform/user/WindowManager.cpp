@@ -1,5 +1,7 @@
 #include "WindowManager.h"
 
+#include "Clipboard.h"
+
 #include <algorithm>
 
 namespace platform::user {
@@ -113,6 +115,7 @@ void WindowManager::Forget(Window* window) {
         active = nullptr;
     if (capture == handle)
         capture = nullptr;
+    ClipboardWindowGone(handle);
     m_queue.erase(std::remove_if(m_queue.begin(), m_queue.end(),
                                  [handle](const MSG& msg) { return msg.hwnd == handle; }),
                   m_queue.end());

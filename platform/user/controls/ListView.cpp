@@ -46,7 +46,14 @@ void CopyText(const std::u16string& text, LPWSTR buffer, int size, int* copied =
     if (!buffer || size <= 0)
         return;
     std::size_t count = std::min(text.size(), static_cast<std::size_t>(size - 1));
-    std::copy_n(text.data(), count, buffer);
+    const char16_t* from = text.data();
+    if (count <= 16) {
+        // Most cells are short: a plain loop beats the call into memmove.
+        for (std::size_t i = 0; i < count; ++i)
+            buffer[i] = from[i];
+    } else {
+        std::copy_n(from, count, buffer);
+    }
     buffer[count] = u'\0';
     if (copied)
         *copied = static_cast<int>(count);
@@ -120,18 +127,6 @@ bool SubItemInRange(const ListViewState& state, int subItem) {
     return subItem == 0;
 }
 
-// Room for every column's text is made at once, so filling a row does not
-// grow its vector text by text.
-void SetSubItemText(ListRow& row, int subItem, LPCWSTR text, std::size_t columns) {
-    auto index = static_cast<std::size_t>(subItem);
-    if (row.texts.size() <= index)
-        row.texts.resize(std::max(index + 1, columns));
-    if (text)
-        row.texts[index] = text;
-    else
-        row.texts[index].clear();
-}
-
 bool SetItem(HWND hwnd, ListViewState& state, const LVITEMW& in) {
     if (!state.ValidItem(in.iItem) || in.iSubItem < 0)
         return false;
@@ -139,12 +134,13 @@ bool SetItem(HWND hwnd, ListViewState& state, const LVITEMW& in) {
     if (in.iSubItem > 0) {
         if (!(in.mask & LVIF_TEXT) || !SubItemInRange(state, in.iSubItem))
             return false;
-        SetSubItemText(row, in.iSubItem, in.pszText, state.columns.size());
+        state.texts.Set(static_cast<std::size_t>(in.iItem), static_cast<std::size_t>(in.iSubItem),
+                        in.pszText);
         InvalidateItem(hwnd, state, in.iItem);
         return true;
     }
     if (in.mask & LVIF_TEXT)
-        SetSubItemText(row, 0, in.pszText, state.columns.size());
+        state.texts.Set(static_cast<std::size_t>(in.iItem), 0, in.pszText);
     if (in.mask & LVIF_IMAGE)
         row.image = in.iImage;
     if (in.mask & LVIF_PARAM)
@@ -181,15 +177,16 @@ int InsertItem(HWND hwnd, ListViewState& state, const LVITEMW& in) {
         return -1;
     int index = std::clamp(in.iItem, 0, static_cast<int>(state.rows.size()));
     ListRow row;
-    if ((in.mask & LVIF_TEXT) && in.pszText)
-        SetSubItemText(row, 0, in.pszText, state.columns.size());
     if (in.mask & LVIF_IMAGE)
         row.image = in.iImage;
     if (in.mask & LVIF_PARAM)
         row.param = in.lParam;
     if (in.mask & LVIF_INDENT)
         row.indent = in.iIndent;
-    state.rows.insert(state.rows.begin() + index, std::move(row));
+    state.rows.insert(state.rows.begin() + index, row);
+    state.texts.InsertRow(static_cast<std::size_t>(index));
+    if ((in.mask & LVIF_TEXT) && in.pszText)
+        state.texts.Set(static_cast<std::size_t>(index), 0, in.pszText);
     if (state.focus >= index)
         ++state.focus;
     if (index < state.top + RowsPerPage(hwnd, state) + 1)
@@ -210,6 +207,7 @@ bool DeleteItem(HWND hwnd, ListViewState& state, int item) {
     if (state.rows[static_cast<std::size_t>(item)].state & LVIS_SELECTED)
         --state.selected;
     state.rows.erase(state.rows.begin() + item);
+    state.texts.EraseRow(static_cast<std::size_t>(item));
     if (state.focus == item)
         state.focus = -1;
     else if (state.focus > item)
@@ -222,6 +220,7 @@ bool DeleteItem(HWND hwnd, ListViewState& state, int item) {
 void DeleteAll(HWND hwnd, ListViewState& state) {
     NotifyItem(hwnd, LVN_DELETEALLITEMS, -1, 0, 0, 0, 0, 0);
     state.rows.clear();
+    state.texts.Clear();
     state.focus = -1;
     state.selected = 0;
     state.top = 0;
@@ -245,6 +244,7 @@ void SortItems(HWND hwnd, ListViewState& state, PFNLVCOMPARE compare, LPARAM sor
     for (std::size_t index : order)
         sorted.push_back(std::move(state.rows[index]));
     state.rows = std::move(sorted);
+    state.texts.Reorder(order);
     state.focus = -1;
     for (std::size_t i = 0; i < state.rows.size(); ++i)
         if (state.rows[i].state & LVIS_FOCUSED)
@@ -422,6 +422,18 @@ LRESULT OnCreate(HWND hwnd, ListViewState& state) {
     return 0;
 }
 
+// LVM_GETITEMTEXT: the characters copied.
+LRESULT GetItemText(const ListViewState* state, WPARAM wParam, LPARAM lParam) {
+    auto* item = reinterpret_cast<LVITEMW*>(lParam);
+    const int index = static_cast<int>(static_cast<INT_PTR>(wParam));
+    if (!state || !item || !state->ValidItem(index) || item->iSubItem < 0)
+        return 0;
+    int copied = 0;
+    CopyText(state->Text(static_cast<std::size_t>(index), static_cast<std::size_t>(item->iSubItem)),
+             item->pszText, item->cchTextMax, &copied);
+    return copied;
+}
+
 LRESULT ListMessage(HWND hwnd, ListViewState& state, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* item = reinterpret_cast<LVITEMW*>(lParam);
     auto* column = reinterpret_cast<LVCOLUMNW*>(lParam);
@@ -444,20 +456,13 @@ LRESULT ListMessage(HWND hwnd, ListViewState& state, UINT message, WPARAM wParam
         return item && GetItem(state, *item);
     case LVM_SETITEMW:
         return item && SetItem(hwnd, state, *item);
-    case LVM_GETITEMTEXTW: {
-        if (!item || !state.ValidItem(index) || item->iSubItem < 0)
-            return 0;
-        int copied = 0;
-        CopyText(
-            state.Text(static_cast<std::size_t>(index), static_cast<std::size_t>(item->iSubItem)),
-            item->pszText, item->cchTextMax, &copied);
-        return copied;
-    }
+    case LVM_GETITEMTEXTW:
+        return GetItemText(&state, wParam, lParam);
     case LVM_SETITEMTEXTW: {
         if (!item || !state.ValidItem(index) || !SubItemInRange(state, item->iSubItem))
             return FALSE;
-        SetSubItemText(state.rows[static_cast<std::size_t>(index)], item->iSubItem, item->pszText,
-                       state.columns.size());
+        state.texts.Set(static_cast<std::size_t>(index), static_cast<std::size_t>(item->iSubItem),
+                        item->pszText);
         InvalidateItem(hwnd, state, index);
         return TRUE;
     }
@@ -636,6 +641,11 @@ LRESULT ListViewProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
 } // namespace
 
 LRESULT ListViewClassProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    // Reading a cell's text is what a list is asked most, a cell at a time
+    // over whole lists: answered here, without the frame of the general path.
+    if (message == LVM_GETITEMTEXTW) {
+        return GetItemText(States().Find(hwnd), wParam, lParam);
+    }
     return ListViewProc(hwnd, message, wParam, lParam);
 }
 

@@ -125,9 +125,7 @@ bool DeleteColumn(HWND hwnd, ListViewState& state, int index) {
     for (ListColumn& column : state.columns)
         if (column.subItem > removed)
             --column.subItem;
-    for (ListRow& row : state.rows)
-        if (static_cast<std::size_t>(removed) < row.texts.size())
-            row.texts.erase(row.texts.begin() + removed);
+    state.texts.EraseSubItem(static_cast<std::size_t>(removed));
     InvalidateRect(hwnd, nullptr, TRUE);
     return true;
 }

@@ -1,6 +1,5 @@
-// The list view's data: rows with their sub-item texts, item data, image,
-// indent and state, and the per-column sub-item numbers. Texts are kept by
-// sub-item number, so fetching one is an index into two vectors.
+// The list view's data: rows with their item data, image, indent and state,
+// the texts by row and sub-item number, and the per-column sub-item numbers.
 #pragma once
 
 #include <windows.h>
@@ -13,11 +12,37 @@
 namespace platform::user {
 
 struct ListRow {
-    std::vector<std::u16string> texts; // by sub-item number
     LPARAM param = 0;
     int image = 0;
     int indent = 0;
     UINT state = 0;
+};
+
+// The texts of all rows in one row-major array, a row's sub-items side by
+// side: reading a list row by row walks memory in order, as painting and
+// exporting do, instead of visiting a heap block per row. The row width grows
+// to the highest sub-item given a text.
+class ListTexts {
+public:
+    const std::u16string& Get(std::size_t item, std::size_t subItem) const {
+        static const std::u16string empty;
+        return subItem < m_width && item < m_rows ? m_cells[item * m_width + subItem] : empty;
+    }
+    void Set(std::size_t item, std::size_t subItem, const char16_t* text);
+    void InsertRow(std::size_t item);
+    void EraseRow(std::size_t item);
+    // Removes a sub-item: the later ones move down by one.
+    void EraseSubItem(std::size_t subItem);
+    void Clear();
+    // Row i takes the texts of row order[i].
+    void Reorder(const std::vector<std::size_t>& order);
+
+private:
+    void Widen(std::size_t width);
+
+    std::vector<std::u16string> m_cells; // m_rows * m_width
+    std::size_t m_rows = 0;
+    std::size_t m_width = 0;
 };
 
 struct ListColumn {
@@ -27,6 +52,7 @@ struct ListColumn {
 
 struct ListViewState {
     std::vector<ListRow> rows;
+    ListTexts texts;
     std::vector<ListColumn> columns; // text, width, format and order live in the header
     HWND header = nullptr;
     HFONT font = nullptr;
@@ -41,13 +67,8 @@ struct ListViewState {
     int pressedItem = -2; // item under the last left-button press (-1 none, -2 no press)
     int pressedSubItem = -1;
 
-    static const std::u16string& Empty() {
-        static const std::u16string empty;
-        return empty;
-    }
     const std::u16string& Text(std::size_t item, std::size_t subItem) const {
-        const auto& texts = rows[item].texts;
-        return subItem < texts.size() ? texts[subItem] : Empty();
+        return texts.Get(item, subItem);
     }
     bool ValidItem(int item) const { return item >= 0 && item < static_cast<int>(rows.size()); }
 };

@@ -201,5 +201,34 @@ TEST_F(ListTest, SortingByItemDataCarriesTheWholeRowAndIsStable) {
     EXPECT_FALSE(list.SendMessage(LVM_SORTITEMS, 0, 0)) << "no comparison, no sort";
 }
 
+// Texts stay with their rows whatever happens around them: rows inserted
+// before and between, a sub-item first written when rows already exist,
+// rows deleted, and the list emptied and filled again.
+TEST_F(ListTest, TextsStayWithTheirRowsAsRowsComeAndGo) {
+    Create(0, 4, 3); // rows r0, r1, r2
+    list.SetItemText(1, 3, u"late");
+    list.InsertItem(0, u"front");
+    list.InsertItem(2, u"middle");
+    list.SetItemText(0, 2, u"front2");
+    std::vector<std::u16string> firsts, lasts;
+    for (int r = 0; r < list.GetItemCount(); ++r) {
+        firsts.push_back(list.GetItemText(r, 0).GetString());
+        lasts.push_back(list.GetItemText(r, 3).GetString());
+    }
+    EXPECT_EQ(firsts, (std::vector<std::u16string>{u"front", u"r0", u"middle", u"r1", u"r2"}));
+    EXPECT_EQ(lasts, (std::vector<std::u16string>{u"", u"", u"", u"late", u""}));
+    EXPECT_EQ(list.GetItemText(0, 2), CString(u"front2"));
+
+    ASSERT_TRUE(list.DeleteItem(2));
+    EXPECT_EQ(list.GetItemText(2, 0), CString(u"r1"));
+    EXPECT_EQ(list.GetItemText(2, 3), CString(u"late"));
+    EXPECT_EQ(list.GetItemText(4, 0), CString(u"")) << "past the last row";
+
+    ASSERT_TRUE(list.DeleteAllItems());
+    list.InsertItem(0, u"again");
+    EXPECT_EQ(list.GetItemText(0, 0), CString(u"again"));
+    EXPECT_EQ(list.GetItemText(0, 3), CString(u""));
+}
+
 } // namespace
 } // namespace listview_test
