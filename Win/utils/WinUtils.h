@@ -24,6 +24,17 @@ public:
     // opened (the user is told why); a failed write throws CFileException*.
     static bool ExportListCtrlData(CListCtrl& list);
 
+    // Keeps the list's columns (heading and width of each, in order) in the
+    // application's profile: the section given, entry "ListColumns", as
+    // "heading;width;" per column, headings cut to 63 characters. A list
+    // with fewer than two columns writes nothing.
+    static void SaveListColumns(const CListCtrl& list, const CString& section);
+    // Creates the columns of a list that has none: as saved, when the saved
+    // value has the headings of builtIn in the same order, else as builtIn
+    // says (same form). A malformed builtIn shows the host's column
+    // specification message after the columns that could be read.
+    static void RestoreListColumns(CListCtrl& list, const CString& section, const CString& builtIn);
+
     // Puts text on the clipboard as CF_TEXT in the ANSI code page, in place of
     // everything on it. False when the clipboard could not be opened or did
     // not take the text.
@@ -35,17 +46,6 @@ public:
     // rectangle, copied from the client area's origin. Nothing happens when a
     // step fails.
     static void PutImageOnClipboard(CWnd* pWnd);
-
-    // Keeps the list's columns (heading and width of each, in order) in the
-    // application's profile: the section given, entry "ListColumns", as
-    // "heading;width;" per column, headings cut to 63 characters. A list
-    // with fewer than two columns writes nothing.
-    static void SaveListColumns(const CListCtrl& list, const CString& section);
-    // Creates the columns of a list that has none: as saved, when the saved
-    // value has the headings of builtIn in the same order, else as builtIn
-    // says (same form). A malformed builtIn shows the host's column
-    // specification message after the columns that could be read.
-    static void RestoreListColumns(CListCtrl& list, const CString& section, const CString& builtIn);
 
     // The host's messages: the file could not be opened (one string
     // placeholder: the reason), and the list was written (one: the file name).
