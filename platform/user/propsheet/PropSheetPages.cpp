@@ -72,8 +72,14 @@ bool EnsurePageWindow(Sheet& sheet, int index) {
     if ((psp->dwFlags & PSP_USECALLBACK) && psp->pfnCallback &&
         !psp->pfnCallback(nullptr, PSPCB_CREATE, psp))
         return false;
+    // The new page's dialog focuses its first control; a tab or button of
+    // the sheet that had the focus keeps it.
+    HWND focus = GetFocus();
     HWND hwnd = CreateDialogIndirectParam(psp->hInstance, &page.child, sheet.hwnd, psp->pfnDlgProc,
                                           reinterpret_cast<LPARAM>(psp));
+    if (hwnd && focus && focus != GetFocus() && IsWindow(focus) && IsChild(sheet.hwnd, focus) &&
+        IsChild(hwnd, GetFocus()))
+        SetFocus(focus);
     // The page's initialisation may have removed it or closed the sheet.
     if (!hwnd || !IsWindow(sheet.hwnd) || SheetOf(sheet.hwnd) != &sheet ||
         index >= sheet.PageCount() ||
