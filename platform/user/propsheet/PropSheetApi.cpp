@@ -25,15 +25,19 @@ std::u16string Caption(const PROPSHEETHEADERW& header) {
 // sheet owns every handle either way.
 bool CollectPages(const PROPSHEETHEADERW& header, Sheet& sheet) {
     std::vector<HPROPSHEETPAGE> handles;
+    // Structures follow each other, each as long as its own dwSize says.
+    auto* entry = reinterpret_cast<const std::uint8_t*>(header.ppsp);
     for (UINT i = 0; i < header.nPages; ++i) {
-        if (header.dwFlags & PSH_PROPSHEETPAGE) {
-            auto* entry = reinterpret_cast<LPCPROPSHEETPAGEW>(
-                reinterpret_cast<const std::uint8_t*>(header.ppsp) +
-                static_cast<std::size_t>(i) * header.ppsp->dwSize);
-            handles.push_back(CreatePropertySheetPageW(entry));
-        } else {
+        if (!(header.dwFlags & PSH_PROPSHEETPAGE)) {
             handles.push_back(header.phpage[i]);
+            continue;
         }
+        auto* page = reinterpret_cast<LPCPROPSHEETPAGEW>(entry);
+        HPROPSHEETPAGE handle = CreatePropertySheetPageW(page);
+        handles.push_back(handle);
+        if (!handle)
+            break;
+        entry += page->dwSize;
     }
     bool ok = true;
     for (HPROPSHEETPAGE handle : handles) {

@@ -335,6 +335,33 @@ TEST_F(SheetApiTest, AMissingTemplateFailsTheSheetAndReleasesEveryPage) {
     EXPECT_TRUE(journal.empty());
 }
 
+TEST_F(SheetApiTest, PagesGivenAsStructuresAndAStartPageByTitle) {
+    PROPSHEETPAGEW structures[2]{};
+    PageScript* scripts[] = {&general, &advanced};
+    UINT templates[] = {IDD_GENERAL, IDD_ADVANCED};
+    for (int i = 0; i < 2; ++i) {
+        structures[i].dwSize = sizeof(PROPSHEETPAGEW);
+        structures[i].dwFlags = PSP_DLGINDIRECT;
+        structures[i].pResource = Template(templates[i]);
+        structures[i].pfnDlgProc = ScriptedPageProc;
+        structures[i].lParam = reinterpret_cast<LPARAM>(scripts[i]);
+    }
+    PROPSHEETHEADERW header{};
+    header.dwSize = sizeof(header);
+    header.dwFlags = PSH_PROPSHEETPAGE | PSH_USEPSTARTPAGE | PSH_MODELESS | PSH_NOAPPLYNOW;
+    header.nPages = 2;
+    header.ppsp = structures;
+    header.pStartPage = u"Advanced";
+    sheet = reinterpret_cast<HWND>(PropertySheet(&header));
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_EQ(journal, (Journal{"Advanced INIT", "Advanced SETACTIVE"}));
+    EXPECT_FALSE(IsWindowVisible(GetDlgItem(sheet, ID_APPLY_NOW)));
+    // The sheet has its own copies: the caller's structures may go.
+    structures[0].lParam = 0;
+    EXPECT_TRUE(SendMessage(sheet, PSM_SETCURSEL, 0, 0));
+    EXPECT_EQ(Current(), general.hwnd);
+}
+
 TEST_F(SheetApiTest, BadRequestsAreRefused) {
     EXPECT_EQ(PropertySheet(nullptr), -1);
     PROPSHEETHEADERW header{};
