@@ -5,6 +5,8 @@
 #include "Win/export/CExportFile.h"
 #include "Win/export/CExportFormat.h"
 #include "Win/export/CExportFormatDlg.h"
+#include "Win/framework/CPropertyPagePlus.h"
+#include "Win/framework/CPropertySheetPlus.h"
 #include "Win/framework/CSchemaManager.h"
 #include "Win/listctrl/CListCtrlSorter.h"
 #include "Win/listctrl/CStringArraySorter.h"

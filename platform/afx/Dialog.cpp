@@ -7,12 +7,10 @@ namespace platform::afx {
 CWnd* HookWindowCreate(CWnd* wnd);
 void UnhookWindowCreate(CWnd* previous);
 BOOL WalkPreTranslateTree(MSG* msg);
-} // namespace platform::afx
 
-namespace {
-
-// The procedure the dialog manager calls: the framework handles everything
-// in the window object's message map, except WM_INITDIALOG.
+// The procedure the dialog manager calls for the framework's dialogs and
+// property pages: the framework handles everything in the window object's
+// message map, except WM_INITDIALOG.
 INT_PTR FrameworkDialogProc(HWND hwnd, UINT message, WPARAM, LPARAM) {
     if (message != WM_INITDIALOG)
         return FALSE;
@@ -20,7 +18,9 @@ INT_PTR FrameworkDialogProc(HWND hwnd, UINT message, WPARAM, LPARAM) {
     return dialog ? dialog->OnInitDialog() : TRUE;
 }
 
-} // namespace
+} // namespace platform::afx
+
+using platform::afx::FrameworkDialogProc;
 
 BEGIN_MESSAGE_MAP(CDialog, CWnd)
 ON_COMMAND(IDOK, OnOK)

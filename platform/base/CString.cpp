@@ -340,6 +340,36 @@ CString& CString::MakeReverse() {
 
 namespace {
 
+// White space as the runtime's iswspace has it in the "C" locale: tab, line
+// feed, vertical tab, form feed, carriage return and space.
+bool IsSpace(WCHAR ch) {
+    return ch == u' ' || (ch >= u'\t' && ch <= u'\r');
+}
+
+} // namespace
+
+CString& CString::TrimLeft() {
+    if (m_p) {
+        auto first = std::find_if_not(m_p->begin(), m_p->end(), IsSpace);
+        m_p->erase(m_p->begin(), first);
+    }
+    return *this;
+}
+
+CString& CString::TrimRight() {
+    if (m_p) {
+        auto last = std::find_if_not(m_p->rbegin(), m_p->rend(), IsSpace);
+        m_p->erase(last.base(), m_p->end());
+    }
+    return *this;
+}
+
+CString& CString::Trim() {
+    return TrimRight().TrimLeft();
+}
+
+namespace {
+
 // wcscmp over UTF-16: both strings end at their first zero.
 template <typename Fold> int CompareUnits(LPCWSTR a, LPCWSTR b, Fold fold) {
     if (!b)

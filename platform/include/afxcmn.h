@@ -1,5 +1,5 @@
-// The class framework's wrappers of the common controls: the list view and
-// its header. Each member sends the control's message.
+// The class framework's wrappers of the common controls: the list view, its
+// header and the tab control. Each member sends the control's message.
 #pragma once
 
 #include "afxtempl.h"
@@ -78,4 +78,31 @@ public:
 private:
     LRESULT Send(UINT message, WPARAM wParam, LPARAM lParam) const;
     CHeaderCtrl m_header;
+};
+
+class CTabCtrl : public CWnd {
+public:
+    BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
+
+    int GetItemCount() const;
+    BOOL GetItem(int item, TCITEM* info) const;
+    BOOL SetItem(int item, TCITEM* info);
+    // The index given to the new tab, or -1.
+    LONG InsertItem(int item, TCITEM* info);
+    LONG InsertItem(int item, LPCTSTR text);
+    BOOL DeleteItem(int item);
+    BOOL DeleteAllItems();
+    BOOL GetItemRect(int item, LPRECT rect) const;
+    int GetCurSel() const;
+    // Selects without notifying the parent; returns the previous selection.
+    int SetCurSel(int item);
+    int GetCurFocus() const;
+    void SetCurFocus(int item);
+    // larger FALSE: the display area of a window rectangle; TRUE: the
+    // window rectangle of a display area.
+    void AdjustRect(BOOL larger, LPRECT rect);
+    int HitTest(TCHITTESTINFO* info) const;
+
+private:
+    LRESULT Send(UINT message, WPARAM wParam, LPARAM lParam) const;
 };

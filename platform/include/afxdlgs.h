@@ -1,9 +1,12 @@
-// The framework's common dialogs: the file open and save dialog. Included
-// from afxwin.h.
+// The framework's common dialogs: the file open and save dialog, and
+// property sheets with their pages. Included from afxwin.h.
 #pragma once
 
 #include "afxdialog.h"
+#include "commctrl.h"
 #include "commdlg.h"
+
+#include <vector>
 
 // The file dialog: DoModal runs the platform's file dialog (GetOpenFileName
 // or GetSaveFileName) with m_ofn, which the host may adjust between the
@@ -43,4 +46,146 @@ protected:
     WCHAR m_szFileTitle[MAX_PATH]{};
     // POSIX paths may be long: room for PATH_MAX units.
     WCHAR m_szFileName[4096]{};
+};
+
+class CPropertySheet;
+class CTabCtrl;
+
+// One page of a property sheet: a dialog from the host's template, made a
+// child of the sheet when the sheet first shows it. The sheet's
+// notifications come to the virtual handlers below; m_psp describes the page
+// to the sheet and may be adjusted before the sheet is created.
+class CPropertyPage : public CDialog {
+    DECLARE_DYNAMIC(CPropertyPage)
+
+public:
+    CPropertyPage();
+    // captionId, when not 0, is a string resource that becomes the page's
+    // title in place of the template's caption. size is the page
+    // structure's size given to the sheet.
+    explicit CPropertyPage(UINT templateId, UINT captionId = 0, DWORD size = sizeof(PROPSHEETPAGE));
+    explicit CPropertyPage(LPCTSTR templateName, UINT captionId = 0,
+                           DWORD size = sizeof(PROPSHEETPAGE));
+    void Construct(UINT templateId, UINT captionId = 0);
+    void Construct(LPCTSTR templateName, UINT captionId = 0);
+
+    PROPSHEETPAGE m_psp{};
+
+    // Tells the sheet the page has changes to apply (Apply is enabled).
+    void SetModified(BOOL changed = TRUE);
+    // OK becomes Close and Cancel is disabled.
+    void CancelToClose();
+
+    // PSN_SETACTIVE: FALSE refuses the activation. The first time the data
+    // exchange has run already (OnInitDialog); later it fills the controls.
+    virtual BOOL OnSetActive();
+    // PSN_KILLACTIVE: FALSE keeps the page; the default reads the controls
+    // (UpdateData) and fails with it.
+    virtual BOOL OnKillActive();
+    // PSN_APPLY: FALSE keeps the sheet open; the default calls OnOK.
+    virtual BOOL OnApply();
+    // PSN_RESET: the default calls OnCancel.
+    virtual void OnReset();
+    void OnOK() override;
+    void OnCancel() override;
+    // PSN_QUERYCANCEL: FALSE keeps the sheet open.
+    virtual BOOL OnQueryCancel();
+    // PSN_WIZBACK and PSN_WIZNEXT: 0 goes on by one page, -1 stays, a page's
+    // template id goes to that page.
+    virtual LRESULT OnWizardBack();
+    virtual LRESULT OnWizardNext();
+    // PSN_WIZFINISH: FALSE keeps the wizard open.
+    virtual BOOL OnWizardFinish();
+
+    BOOL PreTranslateMessage(MSG* msg) override;
+
+protected:
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+    // The sheet the page is in, or null.
+    CPropertySheet* GetParentSheet();
+    // A page's template id, as a wizard handler returns it, in the form the
+    // sheet looks pages up by.
+    LRESULT MapWizardResult(LRESULT toPage);
+    // Finds the page's template and points m_psp at it; FALSE when the
+    // host has none.
+    BOOL PreparePage();
+
+    CString m_strCaption;
+    BOOL m_bFirstSetActive = TRUE;
+
+    friend class CPropertySheet;
+};
+
+// A property sheet: its pages behind tabs with OK, Cancel and Apply, or, in
+// wizard mode (PSH_WIZARD or PSH_WIZARD97 in m_psh.dwFlags), one at a time
+// with Back, Next and Finish. The sheet's window is the system's; the object
+// subclasses it, so its messages reach the object first.
+class CPropertySheet : public CWnd {
+    DECLARE_DYNAMIC(CPropertySheet)
+
+public:
+    CPropertySheet();
+    explicit CPropertySheet(UINT captionId, CWnd* parent = nullptr, UINT selectPage = 0);
+    explicit CPropertySheet(LPCTSTR caption, CWnd* parent = nullptr, UINT selectPage = 0);
+    ~CPropertySheet() override;
+    void Construct(UINT captionId, CWnd* parent = nullptr, UINT selectPage = 0);
+    void Construct(LPCTSTR caption, CWnd* parent = nullptr, UINT selectPage = 0);
+
+    PROPSHEETHEADER m_psh{};
+
+    // Runs the sheet modally; returns the id of the button that closed it
+    // (IDOK, IDCANCEL, ID_WIZFINISH), or -1 when a page's template is
+    // missing or the sheet could not be created.
+    virtual INT_PTR DoModal();
+    // A modeless sheet.
+    virtual BOOL Create(CWnd* parent = nullptr, DWORD style = static_cast<DWORD>(-1),
+                        DWORD exStyle = 0);
+
+    void AddPage(CPropertyPage* page);
+    void RemovePage(CPropertyPage* page);
+    void RemovePage(int index);
+    int GetPageCount() const;
+    CPropertyPage* GetPage(int index) const;
+    // -1 for a page that is not in the sheet.
+    int GetPageIndex(CPropertyPage* page);
+    CPropertyPage* GetActivePage() const;
+    int GetActiveIndex() const;
+    // Before the sheet exists, chooses the first page shown.
+    BOOL SetActivePage(int index);
+    BOOL SetActivePage(CPropertyPage* page);
+    CTabCtrl* GetTabControl() const;
+    void SetTitle(LPCTSTR text, UINT style = 0);
+
+    void SetWizardMode();
+    BOOL IsWizard() const;
+    // Posts PSM_SETWIZBUTTONS: PSWIZB_BACK, PSWIZB_NEXT, PSWIZB_FINISH,
+    // PSWIZB_DISABLEDFINISH.
+    void SetWizardButtons(DWORD flags);
+    void SetFinishText(LPCTSTR text);
+    // PSBTN_BACK ... PSBTN_HELP, pressed as the user would.
+    BOOL PressButton(int button);
+    void EndDialog(int result);
+
+    virtual BOOL OnInitDialog();
+    BOOL PreTranslateMessage(MSG* msg) override;
+    BOOL ContinueModal() override;
+
+protected:
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+    LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
+    // The page handles for m_psh; FALSE when a page has no template.
+    BOOL BuildPropPageArray();
+    void CommonConstruct(CWnd* parent, UINT selectPage);
+
+    std::vector<CPropertyPage*> m_pages;
+    CString m_strCaption;
+    CWnd* m_pParentWnd = nullptr;
+    BOOL m_bModeless = FALSE;
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    std::vector<HPROPSHEETPAGE> m_pageHandles;
+    // The tab control's wrapper that GetTabControl hands out.
+    mutable CTabCtrl* m_tabControl = nullptr;
 };

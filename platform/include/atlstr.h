@@ -97,6 +97,11 @@ public:
     CString& MakeUpper();
     // Reverses the order of the code units.
     CString& MakeReverse();
+    // Remove white space (tab, line feed, vertical tab, form feed, carriage
+    // return and space) from the start, the end or both.
+    CString& TrimLeft();
+    CString& TrimRight();
+    CString& Trim();
 
     // Ordinal comparisons by UTF-16 code unit up to the first zero, as wcscmp:
     // negative, zero or positive. Ignoring case folds A to Z to lower case

@@ -1,4 +1,5 @@
 // The simulated user: a queue of actions run one per wait of the program.
+#include "AutomationQueue.h"
 #include "Keyboard.h"
 #include "WindowManager.h"
 #include "controls/Controls.h"
@@ -24,46 +25,6 @@ struct State {
 State& Current() {
     static auto* state = new State();
     return *state;
-}
-
-std::string Narrow(const std::u16string& text) {
-    std::string out;
-    for (char16_t ch : text)
-        out += ch < 0x80 ? static_cast<char>(ch) : '?';
-    return out;
-}
-
-std::string Describe(HWND hwnd) {
-    if (!hwnd)
-        return "no window";
-    std::u16string text(static_cast<std::size_t>(GetWindowTextLength(hwnd)), u'\0');
-    if (!text.empty())
-        GetWindowText(hwnd, text.data(), static_cast<int>(text.size()) + 1);
-    return "'" + Narrow(text) + "'";
-}
-
-// The window with the id, searched depth first under root.
-HWND FindControl(HWND root, UINT id) {
-    for (HWND child = GetWindow(root, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-        if (static_cast<UINT>(GetDlgCtrlID(child)) == id)
-            return child;
-        if (HWND found = FindControl(child, id))
-            return found;
-    }
-    return nullptr;
-}
-
-void Note(std::string what) {
-    Current().record.push_back(std::move(what));
-}
-
-void PostClick(HWND hwnd, POINT point) {
-    POINT screen = point;
-    ClientToScreen(hwnd, &screen);
-    SetCursorPos(screen.x, screen.y);
-    LPARAM where = MAKELPARAM(point.x, point.y);
-    PostMessage(hwnd, WM_LBUTTONDOWN, MK_LBUTTON, where);
-    PostMessage(hwnd, WM_LBUTTONUP, 0, where);
 }
 
 void PostKey(UINT vk, WCHAR ch) {
@@ -96,11 +57,75 @@ void PressKey(UINT vk, WCHAR ch, bool shift, bool control) {
         PostMessage(target, WM_KEYUP, VK_CONTROL, static_cast<LPARAM>(0xC0000001u));
 }
 
+} // namespace
+
+namespace detail {
+
+std::string Narrow(const std::u16string& text) {
+    std::string out;
+    for (char16_t ch : text)
+        out += ch < 0x80 ? static_cast<char>(ch) : '?';
+    return out;
+}
+
+std::string Describe(HWND hwnd) {
+    if (!hwnd)
+        return "no window";
+    std::u16string text(static_cast<std::size_t>(GetWindowTextLength(hwnd)), u'\0');
+    if (!text.empty())
+        GetWindowText(hwnd, text.data(), static_cast<int>(text.size()) + 1);
+    return "'" + Narrow(text) + "'";
+}
+
+namespace {
+
+HWND FindControlIn(HWND root, UINT id, bool shownOnly) {
+    for (HWND child = GetWindow(root, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (shownOnly && !IsWindowVisible(child))
+            continue;
+        if (static_cast<UINT>(GetDlgCtrlID(child)) == id)
+            return child;
+        if (HWND found = FindControlIn(child, id, shownOnly))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+HWND FindControl(HWND root, UINT id) {
+    // What the user sees comes first: the pages of a property sheet that
+    // are hidden may hold controls with the same id.
+    if (HWND shown = FindControlIn(root, id, true))
+        return shown;
+    return FindControlIn(root, id, false);
+}
+
+void Note(std::string what) {
+    Current().record.push_back(std::move(what));
+}
+
+void PostClick(HWND hwnd, POINT point) {
+    POINT screen = point;
+    ClientToScreen(hwnd, &screen);
+    SetCursorPos(screen.x, screen.y);
+    LPARAM where = MAKELPARAM(point.x, point.y);
+    PostMessage(hwnd, WM_LBUTTONDOWN, MK_LBUTTON, where);
+    PostMessage(hwnd, WM_LBUTTONUP, 0, where);
+}
+
 void Queue(std::function<void()> action) {
     Current().actions.push_back(std::move(action));
 }
 
-} // namespace
+} // namespace detail
+
+using detail::Describe;
+using detail::FindControl;
+using detail::Narrow;
+using detail::Note;
+using detail::PostClick;
+using detail::Queue;
 
 namespace {
 

@@ -39,17 +39,46 @@ void PressButton(HWND dialog, int id) {
 
 } // namespace
 
+namespace {
+
+bool IsControlParent(HWND hwnd) {
+    return (static_cast<DWORD>(GetWindowLongPtr(hwnd, GWL_EXSTYLE)) & WS_EX_CONTROLPARENT) != 0;
+}
+
+// The tab stops in tab order. A child that is a control parent (a property
+// sheet's page) is no stop itself: its own stops take its place.
+void CollectTabStops(HWND parent, std::vector<HWND>& stops) {
+    for (HWND child = GetWindow(parent, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (IsControlParent(child)) {
+            if (CanTakeFocus(child))
+                CollectTabStops(child, stops);
+        } else if ((Style(child) & WS_TABSTOP) && CanTakeFocus(child)) {
+            stops.push_back(child);
+        }
+    }
+}
+
+// The window whose controls form control's group: the nearest control
+// parent above it, or the dialog.
+HWND GroupContainer(HWND dialog, HWND control) {
+    HWND container = control ? GetParent(control) : nullptr;
+    while (container && container != dialog && !IsControlParent(container))
+        container = GetParent(container);
+    return container ? container : dialog;
+}
+
+} // namespace
+
 HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous) {
     if (!IsWindow(dialog))
         return nullptr;
     std::vector<HWND> stops;
-    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        if ((Style(child) & WS_TABSTOP) && CanTakeFocus(child))
-            stops.push_back(child);
+    CollectTabStops(dialog, stops);
     if (stops.empty())
         return nullptr;
-    control = DirectChild(dialog, control);
-    auto it = std::find(stops.begin(), stops.end(), control);
+    auto it = stops.end();
+    for (HWND h = control; h && h != dialog && it == stops.end(); h = GetParent(h))
+        it = std::find(stops.begin(), stops.end(), h);
     if (it == stops.end())
         return previous ? stops.back() : stops.front();
     if (previous)
@@ -123,8 +152,9 @@ BOOL IsDialogMessage(HWND dialog, LPMSG msg) {
                 if (code & DLGC_WANTARROWS)
                     break;
                 bool back = msg->wParam == VK_LEFT || msg->wParam == VK_UP;
-                HWND next = GetNextDlgGroupItem(dialog, focus, back ? TRUE : FALSE);
-                if (next && next != DirectChild(dialog, focus)) {
+                HWND container = GroupContainer(dialog, focus);
+                HWND next = GetNextDlgGroupItem(container, focus, back ? TRUE : FALSE);
+                if (next && next != DirectChild(container, focus)) {
                     platform::user::FocusDialogControl(dialog, next, true);
                     if (DialogCode(next, nullptr) & DLGC_RADIOBUTTON)
                         SendMessage(next, BM_CLICK, 0, 0);

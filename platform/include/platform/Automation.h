@@ -93,3 +93,13 @@ struct FileDialogView {
 bool ReadFileDialog(FileDialogView* view);
 
 } // namespace platform::automation
+
+// Tab controls, such as a property sheet's.
+namespace platform::automation {
+
+// A click in the middle of tab index of the tab control with this id in the
+// active window; id 0 takes the first tab control shown there. A missing
+// control or tab is recorded and nothing happens.
+void ClickTab(int index, UINT tabId = 0);
+
+} // namespace platform::automation

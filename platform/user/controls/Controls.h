@@ -12,6 +12,7 @@ namespace platform::user {
 void AttachEditToCombo(HWND edit, HWND combo);
 
 bool IsComboBox(HWND hwnd);
+bool IsTabControl(HWND hwnd);
 
 // True when the window is a combo box with a drop-down list that is shown.
 bool IsComboDropped(HWND combo);

@@ -13,6 +13,7 @@ LRESULT HeaderClassProc(HWND, UINT, WPARAM, LPARAM);
 LRESULT ListViewClassProc(HWND, UINT, WPARAM, LPARAM);
 LRESULT EditClassProc(HWND, UINT, WPARAM, LPARAM);
 LRESULT ComboBoxClassProc(HWND, UINT, WPARAM, LPARAM);
+LRESULT TabControlClassProc(HWND, UINT, WPARAM, LPARAM);
 
 void RegisterSystemClasses() {
     static bool registered = false;
@@ -22,9 +23,13 @@ void RegisterSystemClasses() {
     static const struct {
         const WCHAR* name;
         WNDPROC proc;
-    } kClasses[] = {{u"BUTTON", ButtonClassProc},  {u"STATIC", StaticClassProc},
-                    {WC_HEADERW, HeaderClassProc}, {WC_LISTVIEWW, ListViewClassProc},
-                    {u"EDIT", EditClassProc},      {u"COMBOBOX", ComboBoxClassProc}};
+    } kClasses[] = {{u"BUTTON", ButtonClassProc},
+                    {u"STATIC", StaticClassProc},
+                    {WC_HEADERW, HeaderClassProc},
+                    {WC_LISTVIEWW, ListViewClassProc},
+                    {u"EDIT", EditClassProc},
+                    {u"COMBOBOX", ComboBoxClassProc},
+                    {WC_TABCONTROLW, TabControlClassProc}};
     for (const auto& entry : kClasses) {
         WNDCLASS wc{};
         wc.lpfnWndProc = entry.proc;
