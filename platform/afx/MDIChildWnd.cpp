@@ -209,6 +209,10 @@ void CMDIChildWnd::MDIRestore() {
 
 void CMDIChildWnd::OnSize(UINT type, int cx, int cy) {
     CFrameWnd::OnSize(type, cx, cy);
+    // Maximised or restored, the document's name moves between the frame's
+    // caption and the brackets the MDI client adds.
+    if (CMDIFrameWnd* frame = GetMDIFrame())
+        frame->OnUpdateFrameTitle(TRUE);
 }
 
 LRESULT CMDIChildWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {

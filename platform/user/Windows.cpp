@@ -81,6 +81,9 @@ HWND CreateWindowEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD 
     window->style = style & ~static_cast<DWORD>(WS_VISIBLE | WS_MINIMIZE | WS_MAXIMIZE);
     window->exStyle = exStyle;
     window->id = (style & WS_CHILD) ? static_cast<UINT>(reinterpret_cast<uintptr_t>(menu)) : 0;
+    // A top-level window's menu argument is its menu bar.
+    if (!child && menu && IsMenu(menu))
+        window->menu = menu;
     window->rect = RECT{x, y, x + std::max(cx, 0), y + std::max(cy, 0)};
     window->normalRect = window->rect;
     platform::user::UpdateFrame(window);
@@ -138,7 +141,11 @@ BOOL DestroyWindow(HWND hwnd) {
     hadFocus = Manager().focus && (Manager().focus == hwnd || IsChild(hwnd, Manager().focus));
     if (hadFocus)
         SetFocus(nullptr);
+    // The menu bar goes with its window.
+    HMENU menu = window->menu;
     DestroyTree(window);
+    if (menu)
+        DestroyMenu(menu);
     if (wasActive)
         platform::user::ActivateNext(owner);
     return TRUE;
