@@ -3,6 +3,8 @@
 // passing from a closed document to the next one.
 #include "NotesHost.h"
 
+#include "support/Shown.h"
+
 #include <platform/Automation.h>
 #include <platform/MessagePump.h>
 
@@ -218,6 +220,19 @@ TEST_F(MdiTest, ATemplateWithoutItsStringsMakesUntitledDocumentsWithTheFramesMen
     EXPECT_EQ(TextOf(FrameOf(doc)), u"Untitled");
     // Without a menu of its own the document leaves the frame's menu up.
     EXPECT_EQ(GetMenu(main->m_hWnd), main->m_hMenuDefault);
+}
+
+TEST_F(MdiTest, ATemplateWhoseFrameCannotBeMadeSaysSoAndLeavesNothingBehind) {
+    auto* broken = new CMultiDocTemplate(IDR_SKETCHTYPE, RUNTIME_CLASS(CNoteDoc),
+                                         RUNTIME_CLASS(CNoteDoc), RUNTIME_CLASS(CNoteView));
+    app->AddDocTemplate(broken);
+    std::u16string told;
+    platform::automation::Do([&told] { told = testing_support::MessageBoxText(); });
+    platform::automation::AnswerMessageBox(IDOK);
+    EXPECT_EQ(broken->OpenDocumentFile(nullptr), nullptr);
+    EXPECT_EQ(told, u"Failed to create empty document.");
+    EXPECT_EQ(g_liveDocuments, 0);
+    EXPECT_EQ(broken->GetFirstDocPosition(), nullptr);
 }
 
 TEST_F(MdiTest, ASecondFrameOnADocumentNumbersBothFrames) {
