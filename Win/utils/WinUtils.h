@@ -47,6 +47,36 @@ public:
     // step fails.
     static void PutImageOnClipboard(CWnd* pWnd);
 
+    // Document templates, documents and views, found by the resource
+    // identifier nID of their template: the template whose document name
+    // (the second '\n'-separated part of its string) is that of string nID.
+    // The first template registered wins; a string without a second part
+    // finds none.
+    static CDocTemplate* FindDocTemplate(UINT nID);
+    // The first view of the template's first document.
+    static CView* FindView(UINT nID);
+    // The template's first document with exactly this path (letter case counts).
+    static CDocument* FindDoc(UINT nID, const CString& strPathName);
+    // The template's first CDocWithID whose GetID() is pID.
+    static CDocument* FindDocWithID(UINT nID, void* pID);
+    // A new, empty document of the template; its first view, whose frame is
+    // shown maximised.
+    static CView* CreateView(UINT nID, bool bMakeVisible);
+    // A further view of pDoc in a new frame of template nID, which then lists
+    // the document too.
+    static CView* CreateNewView(UINT nID, CDocument* pDoc);
+    // Closes every document of every template, each asked to save first;
+    // false, with the rest left open, as soon as the user cancels.
+    static bool CloseAllDocuments();
+    // Brings the frame of the document's first view to the top, restoring it
+    // when minimised; false when there is none.
+    static bool ActivateDoc(const CDocument* pDoc);
+
+    // A window's whole placement (the 44-byte WINDOWPLACEMENT) as a binary
+    // profile value, and back; a missing or shorter value changes nothing.
+    static void SaveWindowPlacement(CString strSection, CString strEntry, CWnd* pWnd);
+    static void RestoreWindowPlacement(CString strSection, CString strEntry, CWnd* pWnd);
+
     // The host's messages: the file could not be opened (one string
     // placeholder: the reason), and the list was written (one: the file name).
     static constexpr UINT IDS_EXPORT_OPEN_FAILED = 698;

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+IMPLEMENT_DYNAMIC(CCmdTarget, CObject)
+
 const AFX_MSGMAP* CCmdTarget::GetThisMessageMap() {
     static const AFX_MSGMAP_ENTRY entries[] = {{0, 0, 0, 0, nullptr}};
     static const AFX_MSGMAP map = {nullptr, &entries[0]};
@@ -56,13 +58,29 @@ BOOL CCmdTarget::OnCmdMsg(UINT nID, int nCode, void* extra, void* handlerInfo) {
 void CCmdUI::Enable(BOOL on) {
     m_bEnabled = on ? TRUE : FALSE;
     m_bEnableChanged = TRUE;
+    if (m_pMenu && !m_pSubMenu)
+        ::EnableMenuItem(m_pMenu->m_hMenu, m_nIndex,
+                         MF_BYPOSITION | (on ? MF_ENABLED : (MF_DISABLED | MF_GRAYED)));
 }
 
 void CCmdUI::SetCheck(int check) {
     m_nCheck = check;
+    if (m_pMenu && !m_pSubMenu)
+        ::CheckMenuItem(m_pMenu->m_hMenu, m_nIndex,
+                        MF_BYPOSITION | (check ? MF_CHECKED : MF_UNCHECKED));
 }
 
-void CCmdUI::SetText(LPCTSTR) {}
+void CCmdUI::SetText(LPCTSTR text) {
+    if (!m_pMenu || m_pSubMenu || !text)
+        return;
+    // The item keeps its place, its command and its state.
+    const UINT state = ::GetMenuState(m_pMenu->m_hMenu, m_nIndex, MF_BYPOSITION);
+    if (state == static_cast<UINT>(-1))
+        return;
+    const UINT id = ::GetMenuItemID(m_pMenu->m_hMenu, static_cast<int>(m_nIndex));
+    ::RemoveMenu(m_pMenu->m_hMenu, m_nIndex, MF_BYPOSITION);
+    ::InsertMenu(m_pMenu->m_hMenu, m_nIndex, MF_BYPOSITION | (state & 0xFF), id, text);
+}
 
 BOOL CCmdUI::DoUpdate(CCmdTarget* target, BOOL disableIfNoHandler) {
     if (!target)

@@ -93,3 +93,7 @@ AFX_CLASSINIT::AFX_CLASSINIT(CRuntimeClass* newClass) {
     newClass->m_pNextClass = state->m_classList;
     state->m_classList = newClass;
 }
+
+CObject* AfxDynamicDownCast(CRuntimeClass* runtimeClass, CObject* object) {
+    return object && object->IsKindOf(runtimeClass) ? object : nullptr;
+}

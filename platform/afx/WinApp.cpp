@@ -48,6 +48,7 @@ CWinApp::CWinApp(LPCTSTR appName) {
 }
 
 CWinApp::~CWinApp() {
+    delete m_pDocManager;
     for (LPCTSTR* name : {&m_pszAppName, &m_pszExeName, &m_pszProfileName, &m_pszRegistryKey})
         Replace(*name, nullptr);
     if (g_app == this)

@@ -65,6 +65,10 @@ void UnhookWindowCreate(CWnd* previous) {
     g_creating = previous;
 }
 
+bool CreationPending(const CWnd* wnd) {
+    return g_creating == wnd;
+}
+
 } // namespace platform::afx
 
 CWnd::~CWnd() {
@@ -148,26 +152,54 @@ HWND CWnd::UnsubclassWindow() {
     return Detach();
 }
 
+IMPLEMENT_DYNAMIC(CWnd, CCmdTarget)
+
 BOOL CWnd::Create(LPCTSTR className, LPCTSTR windowName, DWORD style, const RECT& rect,
-                  CWnd* parent, UINT id) {
-    return CreateEx(0, className, windowName, style, rect, parent, id);
+                  CWnd* parent, UINT id, CCreateContext* context) {
+    return CreateEx(0, className, windowName, style, rect, parent, id, context);
 }
 
 BOOL CWnd::CreateEx(DWORD exStyle, LPCTSTR className, LPCTSTR windowName, DWORD style,
-                    const RECT& rect, CWnd* parent, UINT id) {
+                    const RECT& rect, CWnd* parent, UINT id, LPVOID param) {
+    // Sizes wrap as the original's int arithmetic does, so that a default
+    // rectangle (CW_USEDEFAULT, CW_USEDEFAULT, 0, 0) asks for a default size.
+    auto extent = [](LONG from, LONG to) {
+        return static_cast<int>(static_cast<uint32_t>(to) - static_cast<uint32_t>(from));
+    };
+    return CreateEx(exStyle, className, windowName, style, rect.left, rect.top,
+                    extent(rect.left, rect.right), extent(rect.top, rect.bottom),
+                    parent ? parent->m_hWnd : nullptr,
+                    reinterpret_cast<HMENU>(static_cast<uintptr_t>(id)), param);
+}
+
+BOOL CWnd::CreateEx(DWORD exStyle, LPCTSTR className, LPCTSTR windowName, DWORD style, int x, int y,
+                    int cx, int cy, HWND parent, HMENU idOrMenu, LPVOID param) {
     if (m_hWnd)
         return FALSE;
-    if (!className) {
+    CREATESTRUCT cs{param,      nullptr,   idOrMenu, parent, cy, cx, y, x, static_cast<LONG>(style),
+                    windowName, className, exStyle};
+    if (!PreCreateWindow(cs)) {
+        PostNcDestroy();
+        return FALSE;
+    }
+    if (!cs.lpszClass) {
         RegisterFrameworkClass();
-        className = kFrameworkClass;
+        cs.lpszClass = kFrameworkClass;
     }
     CWnd* previous = platform::afx::HookWindowCreate(this);
-    HWND hwnd = ::CreateWindowEx(
-        exStyle, className, windowName, style, rect.left, rect.top, rect.right - rect.left,
-        rect.bottom - rect.top, parent ? parent->m_hWnd : nullptr,
-        reinterpret_cast<HMENU>(static_cast<uintptr_t>(id)), nullptr, nullptr);
+    HWND hwnd = ::CreateWindowEx(cs.dwExStyle, cs.lpszClass, cs.lpszName,
+                                 static_cast<DWORD>(cs.style), cs.x, cs.y, cs.cx, cs.cy,
+                                 cs.hwndParent, cs.hMenu, cs.hInstance, cs.lpCreateParams);
+    // The window never reached the object: no WM_NCDESTROY will clean up.
+    const bool neverAttached = platform::afx::CreationPending(this);
     platform::afx::UnhookWindowCreate(previous);
+    if (neverAttached)
+        PostNcDestroy();
     return hwnd ? TRUE : FALSE;
+}
+
+BOOL CWnd::PreCreateWindow(CREATESTRUCT&) {
+    return TRUE;
 }
 
 BOOL CWnd::DestroyWindow() {
@@ -413,11 +445,14 @@ BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     return ::PostMessage(m_hWnd, message, wParam, lParam);
 }
 
-void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, BOOL deep) {
+void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, BOOL deep,
+                                    BOOL onlyPermanent) {
     for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child;
          child = ::GetWindow(child, GW_HWNDNEXT)) {
-        ::SendMessage(child, message, wParam, lParam);
+        if (!onlyPermanent || CWnd::FromHandlePermanent(child))
+            ::SendMessage(child, message, wParam, lParam);
         if (deep && ::IsWindow(child))
-            CWnd::FromHandle(child)->SendMessageToDescendants(message, wParam, lParam, TRUE);
+            CWnd::FromHandle(child)->SendMessageToDescendants(message, wParam, lParam, TRUE,
+                                                              onlyPermanent);
     }
 }

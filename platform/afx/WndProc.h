@@ -9,6 +9,13 @@
 
 namespace platform::afx {
 
+// Makes the next window created belong to wnd (attached before its first
+// message); the previous value comes back for nesting.
+CWnd* HookWindowCreate(CWnd* wnd);
+void UnhookWindowCreate(CWnd* previous);
+// The window being created never reached wnd (its creation failed first).
+bool CreationPending(const CWnd* wnd);
+
 // The procedure of every window that has a framework object.
 LRESULT FrameworkWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 

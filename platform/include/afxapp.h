@@ -4,8 +4,13 @@
 
 #include "afxwnd.h"
 
-// A thread of the application: its main window and its start and end.
-class CWinThread : public CObject {
+class CDocManager;
+class CDocTemplate;
+class CDocument;
+
+// A thread of the application: its main window, its start and end, and its
+// message loop.
+class CWinThread : public CCmdTarget {
 public:
     CWinThread() = default;
 
@@ -17,6 +22,17 @@ public:
     virtual BOOL InitInstance() { return TRUE; }
     // Called once at the end; the result is the exit code.
     virtual int ExitInstance() { return 0; }
+
+    // Runs the message loop until WM_QUIT, or until nothing is left to do
+    // (no message and no action of the simulated user); returns ExitInstance().
+    virtual int Run();
+    // Retrieves and dispatches one message, PreTranslateMessage first; FALSE
+    // when the loop should end.
+    virtual BOOL PumpMessage();
+    // Offers the message to the window objects from its target up to the
+    // main window (frames translate their accelerators there); TRUE when one
+    // consumed it.
+    virtual BOOL PreTranslateMessage(MSG* msg);
 };
 
 // The one application object of the process. Its names are the host's, held
@@ -54,6 +70,22 @@ public:
     // Writes each byte as two letters 'A' + nibble, the low nibble first.
     BOOL WriteProfileBinary(LPCTSTR section, LPCTSTR entry, LPBYTE data, UINT bytes);
 
+    // Document templates, kept in the order they were added; the
+    // application owns them. Adding loads the template's resources.
+    void AddDocTemplate(CDocTemplate* docTemplate);
+    POSITION GetFirstDocTemplatePosition() const;
+    CDocTemplate* GetNextDocTemplate(POSITION& pos) const;
+    // The document of that file, opened through the template that suits it
+    // (or brought forward when it is open already); null when it failed.
+    virtual CDocument* OpenDocumentFile(LPCTSTR pathName);
+    // Closes every document of every template without asking to save.
+    void CloseAllDocuments(BOOL endSession);
+    // Asks every modified document to save; FALSE when the user cancelled.
+    virtual BOOL SaveAllModified();
+    // Hides the main window and its frames before the documents close.
+    void HideApplication();
+    CDocManager* m_pDocManager = nullptr;
+
     // The wait cursor's nesting: 1 begins a level (the first one remembers the
     // cursor it replaces), -1 ends one (the last one puts that cursor back), 0
     // shows the wait cursor again while a level is open.
@@ -79,7 +111,9 @@ private:
 // The application object, or null when there is none.
 CWinApp* AfxGetApp();
 
+#ifndef AFX_IDS_APP_TITLE
 #define AFX_IDS_APP_TITLE 0xE000
+#endif
 
 // Shows the wait cursor for its lifetime; nested ones keep it until the
 // outermost ends.
@@ -93,3 +127,10 @@ public:
     // changed the cursor.
     void Restore();
 };
+
+// Part index of a text whose parts are separated by sep; FALSE, with string
+// empty, when the text has fewer parts (and string left as it was when
+// fullString is null).
+BOOL AfxExtractSubString(CString& string, LPCTSTR fullString, int index, WCHAR sep = u'\n');
+// String id with "%1" replaced by text.
+void AfxFormatString1(CString& string, UINT id, LPCTSTR text);

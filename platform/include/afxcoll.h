@@ -127,3 +127,59 @@ private:
     Node* m_tail = nullptr;
     int m_count = 0;
 };
+
+// A doubly linked list of untyped pointers, as the framework keeps its
+// documents, views and templates. A POSITION names a node and stays valid
+// until that node is removed; a null POSITION where a node is needed throws
+// CInvalidArgException.
+class CPtrList : public CObject {
+public:
+    CPtrList() = default;
+    ~CPtrList() override { RemoveAll(); }
+
+    int GetCount() const { return m_count; }
+    int GetSize() const { return m_count; }
+    BOOL IsEmpty() const { return m_count == 0; }
+
+    void*& GetHead();
+    void*& GetTail();
+    POSITION GetHeadPosition() const { return ToPosition(m_head); }
+    POSITION GetTailPosition() const { return ToPosition(m_tail); }
+    // The element at pos; pos moves on to the next (previous) node, or null.
+    void*& GetNext(POSITION& pos);
+    void* GetNext(POSITION& pos) const;
+    void*& GetPrev(POSITION& pos);
+    void*& GetAt(POSITION pos);
+    void SetAt(POSITION pos, void* value) { GetAt(pos) = value; }
+
+    POSITION AddHead(void* value);
+    POSITION AddTail(void* value);
+    POSITION InsertBefore(POSITION pos, void* value);
+    POSITION InsertAfter(POSITION pos, void* value);
+    // Both throw CInvalidArgException on an empty list.
+    void* RemoveHead();
+    void* RemoveTail();
+    void RemoveAt(POSITION pos);
+    void RemoveAll();
+
+    // The first node after startAfter (from the head when null) that holds
+    // value; null when there is none.
+    POSITION Find(void* value, POSITION startAfter = nullptr) const;
+    // The node at a zero-based index; null when out of range.
+    POSITION FindIndex(int index) const;
+
+private:
+    struct Node {
+        Node* next;
+        Node* prev;
+        void* data;
+    };
+    static POSITION ToPosition(Node* node) { return reinterpret_cast<POSITION>(node); }
+    static Node* ToNode(POSITION pos);
+    Node* Link(Node* prev, Node* next, void* value);
+    void Unlink(Node* node);
+
+    Node* m_head = nullptr;
+    Node* m_tail = nullptr;
+    int m_count = 0;
+};

@@ -57,6 +57,10 @@ HINSTANCE AfxGetResourceHandle();
 void AfxSetResourceHandle(HINSTANCE resource);
 // The first module of the chain whose string table holds id, or null.
 HINSTANCE AfxFindStringResourceHandle(UINT id);
+// The first module of the chain that holds the resource of this type
+// (RT_MENU, RT_ACCELERATOR, RT_DIALOG, RT_STRING, RT_ICON, RT_GROUP_ICON) and
+// name; the current resource module when none does.
+HINSTANCE AfxFindResourceHandle(LPCTSTR name, LPCTSTR type);
 
 namespace platform {
 namespace detail {

@@ -210,3 +210,28 @@ protected:                                                                      
 #define ON_WM_GETDLGCODE()                                                                         \
     { WM_GETDLGCODE, 0, 0, 0, AFX_THUNK(return self->OnGetDlgCode();) }                            \
     ,
+
+// A message whose handler takes nothing: void handler().
+#define ON_MESSAGE_VOID(message, memberFxn)                                                        \
+    { (UINT)(message), 0, 0, 0, AFX_THUNK(self->memberFxn(); return 0;) }                          \
+    ,
+// void handler(CMenu* popup, UINT index, BOOL sysMenu)
+#define ON_WM_INITMENUPOPUP()                                                                      \
+    {                                                                                              \
+        WM_INITMENUPOPUP, 0, 0, 0,                                                                 \
+            AFX_THUNK(self->OnInitMenuPopup(CMenu::FromHandle(reinterpret_cast<HMENU>(w)),         \
+                                            LOWORD(l), HIWORD(l));                                 \
+                      return 0;)                                                                   \
+    }                                                                                              \
+    ,
+// void handler(BOOL activate, CWnd* activated, CWnd* deactivated), for a
+// document window of an MDI frame.
+#define ON_WM_MDIACTIVATE()                                                                        \
+    {                                                                                              \
+        WM_MDIACTIVATE, 0, 0, 0,                                                                   \
+            AFX_THUNK(self->OnMDIActivate(reinterpret_cast<HWND>(l) == self->m_hWnd,               \
+                                          CWnd::FromHandle(reinterpret_cast<HWND>(l)),             \
+                                          CWnd::FromHandle(reinterpret_cast<HWND>(w)));            \
+                      return 0;)                                                                   \
+    }                                                                                              \
+    ,

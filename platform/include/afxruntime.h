@@ -72,3 +72,9 @@ public:                                                                         
     }                                                                                              \
     IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, wSchema, class_name::CreateObject)         \
     static const AFX_CLASSINIT _init_##class_name(RUNTIME_CLASS(class_name));
+
+// The object as a pointer to class when it is one (IsKindOf), else null.
+CObject* AfxDynamicDownCast(CRuntimeClass* runtimeClass, CObject* object);
+#define DYNAMIC_DOWNCAST(class_name, object)                                                       \
+    (static_cast<class_name*>(AfxDynamicDownCast(RUNTIME_CLASS(class_name), object)))
+#define STATIC_DOWNCAST(class_name, object) (static_cast<class_name*>(object))

@@ -127,9 +127,16 @@ private:
     CDC& operator=(const CDC&) = delete;
 };
 
+#include "afxapp.h"
 #include "afxctrls.h"
 #include "afxdialog.h"
-#include "afxdll_.h"
-#include "afxwnd.h"
-#include "afxapp.h"
 #include "afxdlgs.h"
+#include "afxdll_.h"
+#include "afxdoc.h"
+#include "afxdoctempl.h"
+#include "afxframe.h"
+#include "afxmdichild.h"
+#include "afxmdiframe.h"
+#include "afxmenu.h"
+#include "afxview.h"
+#include "afxwnd.h"

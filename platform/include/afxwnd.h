@@ -8,6 +8,8 @@
 // An object that receives commands: its message map names the handlers of
 // the commands and messages it takes; OnCmdMsg looks a command up there.
 class CCmdTarget : public CObject {
+    DECLARE_DYNAMIC(CCmdTarget)
+
 public:
     // Calls the handler of command nID with notification code nCode (CN_COMMAND
     // for menu commands, CN_UPDATE_COMMAND_UI with a CCmdUI* in extra) and
@@ -34,10 +36,18 @@ const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP* map, UINT message,
 
 // The state of a command's user interface (a menu item or a button) while
 // its update handler runs.
+class CMenu;
+class CWnd;
 class CCmdUI {
 public:
     UINT m_nID = 0;
     UINT m_nIndex = 0;
+    // The menu whose item is being updated (its m_nIndex-th), and the pop-up
+    // that item opens; the window (a button) instead, when it is not a menu.
+    CMenu* m_pMenu = nullptr;
+    CMenu* m_pSubMenu = nullptr;
+    CWnd* m_pOther = nullptr;
+    UINT m_nIndexMax = 0;
     BOOL m_bEnabled = TRUE;
     BOOL m_bEnableChanged = FALSE;
     int m_nCheck = 0;
@@ -56,10 +66,13 @@ public:
 // A window object attached to a window handle. Messages reach WindowProc, which
 // hands the ones the framework knows to the virtual On... handlers and the rest
 // to DefWindowProc.
-class CWnd;
 LRESULT AfxCallWndProc(CWnd* wnd, HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
+class CFrameWnd;
+struct CCreateContext;
 
 class CWnd : public CCmdTarget {
+    DECLARE_DYNAMIC(CWnd)
+
 public:
     HWND m_hWnd = nullptr;
 
@@ -84,16 +97,29 @@ public:
 
     // A null class name uses the framework's own window class, whose background
     // is not erased. rect is in the parent's client coordinates. Any other
-    // class routes its messages through the object as well.
+    // class routes its messages through the object as well. PreCreateWindow
+    // may change the parameters first; when it refuses, or the window never
+    // reached the object, PostNcDestroy runs and FALSE comes back. context
+    // (a frame's creation context) and param reach WM_CREATE as
+    // lpCreateParams.
     virtual BOOL Create(LPCTSTR className, LPCTSTR windowName, DWORD style, const RECT& rect,
-                        CWnd* parent, UINT id);
+                        CWnd* parent, UINT id, CCreateContext* context = nullptr);
     virtual BOOL CreateEx(DWORD exStyle, LPCTSTR className, LPCTSTR windowName, DWORD style,
-                          const RECT& rect, CWnd* parent, UINT id);
+                          const RECT& rect, CWnd* parent, UINT id, LPVOID param = nullptr);
+    virtual BOOL CreateEx(DWORD exStyle, LPCTSTR className, LPCTSTR windowName, DWORD style, int x,
+                          int y, int cx, int cy, HWND parent, HMENU idOrMenu,
+                          LPVOID param = nullptr);
+    virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
     virtual BOOL DestroyWindow();
 
     CWnd* GetParent() const;
     CWnd* GetOwner() const;
     CWnd* GetTopLevelParent() const;
+    // The nearest ancestor that is a frame window, or null.
+    CFrameWnd* GetParentFrame() const;
+    // The descendant with this id, searched among the children first, then
+    // deeper; with onlyPermanent, only one that has a window object.
+    CWnd* GetDescendantWindow(int id, BOOL onlyPermanent = FALSE) const;
     CWnd* GetDlgItem(int id) const;
     int GetDlgCtrlID() const;
     void SetDlgItemText(int id, LPCTSTR text);
@@ -113,6 +139,14 @@ public:
     BOOL SetWindowPos(const CWnd* insertAfter, int x, int y, int cx, int cy, UINT flags);
     void CenterWindow(CWnd* alternateOwner = nullptr);
     BOOL ShowWindow(int command);
+    BOOL IsIconic() const;
+    BOOL IsZoomed() const;
+    BOOL GetWindowPlacement(WINDOWPLACEMENT* placement) const;
+    BOOL SetWindowPlacement(const WINDOWPLACEMENT* placement);
+    // The menu bar of a top-level window.
+    CMenu* GetMenu() const;
+    BOOL SetMenu(CMenu* menu);
+    void DrawMenuBar();
     BOOL IsWindowVisible() const;
     BOOL EnableWindow(BOOL enable = TRUE);
     BOOL IsWindowEnabled() const;
@@ -147,7 +181,7 @@ public:
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0,
-                                  BOOL deep = TRUE);
+                                  BOOL deep = TRUE, BOOL onlyPermanent = FALSE);
 
     // Data exchange between the window's controls and the object's members:
     // saveAndValidate TRUE reads the controls. FALSE when a validation failed.

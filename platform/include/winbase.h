@@ -102,7 +102,12 @@ void SetLastError(DWORD error);
 #define ERROR_INVALID_FLAGS 1004
 #define ERROR_NO_UNICODE_TRANSLATION 1113
 #define ERROR_INVALID_WINDOW_HANDLE 1400
+#define ERROR_INVALID_MENU_HANDLE 1401
+#define ERROR_RESOURCE_NAME_NOT_FOUND 1814
 #define ERROR_CLIPBOARD_NOT_OPEN 1418
+
+// Gives up the rest of the thread's time slice (0) or waits the milliseconds.
+void Sleep(DWORD milliseconds);
 
 // Modules.
 #define GET_MODULE_HANDLE_EX_FLAG_PIN 0x1

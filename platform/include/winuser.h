@@ -401,3 +401,5 @@ int CountClipboardFormats();
 UINT EnumClipboardFormats(UINT format);
 HWND GetClipboardOwner();
 HWND GetOpenClipboardWindow();
+
+#include "winframes.h"

@@ -1,6 +1,7 @@
 // The simulated user: a queue of actions run one per wait of the program.
 #include "AutomationQueue.h"
 #include "Keyboard.h"
+#include "Menus.h"
 #include "WindowManager.h"
 #include "controls/Controls.h"
 #include "filedialog/FileDialog.h"
@@ -269,6 +270,36 @@ void SetCheck(UINT id, bool checked) {
 
 void AnswerMessageBox(int result) {
     Click(static_cast<UINT>(result));
+}
+
+void PickMenuItem(UINT command) {
+    Queue([command] {
+        const std::string what = "menu " + std::to_string(command);
+        HWND active = GetActiveWindow();
+        HMENU bar = active ? GetMenu(active) : nullptr;
+        std::vector<platform::user::MenuStep> path;
+        if (!bar || !platform::user::FindMenuItemPath(bar, command, &path)) {
+            Note(what + ": no such item in " + Describe(active));
+            return;
+        }
+        SendMessage(active, WM_INITMENU, reinterpret_cast<WPARAM>(bar), 0);
+        for (std::size_t i = 0; i + 1 < path.size() && IsWindow(active); ++i)
+            SendMessage(active, WM_INITMENUPOPUP,
+                        reinterpret_cast<WPARAM>(
+                            GetSubMenu(path[i].menu, static_cast<int>(path[i].position))),
+                        MAKELPARAM(path[i].position, 0));
+        const platform::user::MenuStep& item = path.back();
+        WCHAR text[256] = {};
+        GetMenuString(item.menu, item.position, text, 256, MF_BYPOSITION);
+        const UINT state = GetMenuState(item.menu, item.position, MF_BYPOSITION);
+        if (!IsWindow(active) || state == static_cast<UINT>(-1) ||
+            (state & (MF_GRAYED | MF_DISABLED))) {
+            Note(what + " '" + Narrow(text) + "' is disabled");
+            return;
+        }
+        Note(what + " '" + Narrow(text) + "'");
+        PostMessage(active, WM_COMMAND, MAKEWPARAM(command, 0), 0);
+    });
 }
 
 void Do(std::function<void()> step) {

@@ -121,6 +121,9 @@ BOOL BringWindowToTop(HWND hwnd) {
     siblings.erase(std::find(siblings.begin(), siblings.end(), window));
     siblings.insert(siblings.begin(), window);
     InvalidateRect(hwnd, nullptr, TRUE);
+    // Raising a child activates it among its siblings.
+    if (window->visible)
+        SendMessage(hwnd, WM_CHILDACTIVATE, 0, 0);
     return TRUE;
 }
 
@@ -177,12 +180,14 @@ namespace platform::user {
 
 void ActivateNext(Window* owner) {
     WindowManager& manager = WindowManager::Instance();
-    if (owner && manager.Find(owner->handle) && owner->visible && !(owner->style & WS_DISABLED)) {
+    if (owner && manager.Find(owner->handle) && owner->visible && !(owner->style & WS_DISABLED) &&
+        owner->placement != Window::Placement::Minimized) {
         SetActiveWindow(owner->handle);
         return;
     }
     for (Window* top : manager.TopLevel())
-        if (top->visible && !(top->style & WS_DISABLED)) {
+        if (top->visible && !(top->style & WS_DISABLED) &&
+            top->placement != Window::Placement::Minimized) {
             SetActiveWindow(top->handle);
             return;
         }

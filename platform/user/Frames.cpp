@@ -85,7 +85,8 @@ RECT FrameInsets(DWORD style, DWORD exStyle, bool menu) {
 
 void UpdateFrame(Window* window) {
     if (window != WindowManager::Instance().Desktop())
-        window->frame = FrameInsets(window->style, window->exStyle, false);
+        window->frame = FrameInsets(window->style, window->exStyle,
+                                    window->menu && !(window->style & WS_CHILD));
 }
 
 void RedrawFrame(Window* window) {

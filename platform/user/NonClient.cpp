@@ -2,6 +2,7 @@
 // the window's text and the close box, and the client edges. A flat,
 // Windows 10-like look: a white caption, dark text (grey when inactive), and
 // a one-pixel outline in the accent colour around the active window.
+#include "Menus.h"
 #include "WindowManager.h"
 
 #include "controls/ControlPaint.h"
@@ -107,6 +108,9 @@ void PaintNonClient(Window* window) {
     if (caption)
         DrawCaption(hdc, window,
                     RECT{band, band, width - band, band + GetSystemMetrics(SM_CYCAPTION) - 1});
+    if (const Menu* menu = window->style & WS_CHILD ? nullptr : FindMenu(window->menu))
+        PaintMenuBar(hdc, *menu, RECT{band, top - GetSystemMetrics(SM_CYMENU), width - band, top},
+                     MaximizedMdiChild(window) != nullptr);
     if (clientEdge) {
         RECT r{band, top, width - band, height - band};
         Sunken(hdc, r, GetSysColor(COLOR_BTNSHADOW), GetSysColor(COLOR_BTNHIGHLIGHT));

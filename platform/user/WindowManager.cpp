@@ -1,6 +1,7 @@
 #include "WindowManager.h"
 
 #include "Clipboard.h"
+#include "Keyboard.h"
 
 #include <algorithm>
 
@@ -116,6 +117,11 @@ void WindowManager::Forget(Window* window) {
     if (capture == handle)
         capture = nullptr;
     ClipboardWindowGone(handle);
+    // Keys pressed and released still change the keyboard's state when the
+    // window they were meant for is gone.
+    for (const MSG& msg : m_queue)
+        if (msg.hwnd == handle)
+            NoteKeyMessage(msg);
     m_queue.erase(std::remove_if(m_queue.begin(), m_queue.end(),
                                  [handle](const MSG& msg) { return msg.hwnd == handle; }),
                   m_queue.end());

@@ -53,6 +53,20 @@ struct Window {
     bool erase = false;
     // Whether the frame needs drawing again: BeginPaint then sends WM_NCPAINT.
     bool ncDirty = false;
+    // The show state, the rectangle a restored window goes back to (in the
+    // parent's client coordinates), and the positions of its minimised and
+    // maximised forms as its placement reports them.
+    enum class Placement : unsigned char { Normal, Minimized, Maximized };
+    Placement placement = Placement::Normal;
+    RECT normalRect{};
+    POINT minPosition{-1, -1};
+    POINT maxPosition{-1, -1};
+    // The minimised position was given (WPF_SETMINPOSITION) and is kept.
+    bool minPositionSet = false;
+    // A minimised window that was maximised goes back to maximised.
+    bool restoreMaximized = false;
+    // A top-level window's menu bar.
+    HMENU menu = nullptr;
 
     int Width() const { return rect.right - rect.left; }
     int Height() const { return rect.bottom - rect.top; }
@@ -145,6 +159,23 @@ void PaintNonClient(Window* window);
 
 // Registers BUTTON, STATIC and the other classes of the system once.
 void RegisterSystemClasses();
+
+// The WM_SIZE type of the window's show state (SIZE_RESTORED, SIZE_MINIMIZED,
+// SIZE_MAXIMIZED).
+WPARAM SizeType(const Window* window);
+// Puts the window into a show state without showing, hiding or activating
+// it: it moves to its minimised, maximised or normal rectangle, its
+// WS_MINIMIZE and WS_MAXIMIZE bits follow, and it gets WM_SIZE.
+void SetShowState(Window* window, Window::Placement placement);
+// The rectangle a maximised window takes in its parent.
+RECT MaximizedRectOf(const Window* window);
+
+// The MDI client's part in its children's lives (MdiClient.cpp): a child
+// that is about to be destroyed or hidden hands the activation on.
+void MdiChildGoing(Window* child);
+// The maximised active child of the MDI client in a frame, or null.
+Window* MaximizedMdiChild(const Window* frame);
+LRESULT MdiClientProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 
 // Activates the owner of a window that went away, or else the topmost
 // visible enabled top-level window.

@@ -77,10 +77,15 @@ HWND CreateWindowEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD 
 
     Window* window = Manager().CreateWindowRecord(windowClass, parentWindow);
     window->owner = owner;
-    window->style = style & ~static_cast<DWORD>(WS_VISIBLE);
+    // The show state is set after creation, by the show command the bits ask for.
+    window->style = style & ~static_cast<DWORD>(WS_VISIBLE | WS_MINIMIZE | WS_MAXIMIZE);
     window->exStyle = exStyle;
     window->id = (style & WS_CHILD) ? static_cast<UINT>(reinterpret_cast<uintptr_t>(menu)) : 0;
+    // A top-level window's menu argument is its menu bar.
+    if (!child && menu && IsMenu(menu))
+        window->menu = menu;
     window->rect = RECT{x, y, x + std::max(cx, 0), y + std::max(cy, 0)};
+    window->normalRect = window->rect;
     platform::user::UpdateFrame(window);
     HWND hwnd = window->handle;
     if (Manager().createHook)
@@ -100,7 +105,12 @@ HWND CreateWindowEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD 
                 MAKELONG(window->ClientWidth(), window->ClientHeight()));
     SendMessage(hwnd, WM_MOVE, 0, MAKELONG(x + window->frame.left, y + window->frame.top));
     if (style & WS_VISIBLE)
-        ShowWindow(hwnd, SW_SHOW);
+        ShowWindow(hwnd, (style & WS_MINIMIZE)   ? SW_SHOWMINIMIZED
+                         : (style & WS_MAXIMIZE) ? SW_SHOWMAXIMIZED
+                                                 : SW_SHOW);
+    else if (style & (WS_MINIMIZE | WS_MAXIMIZE))
+        platform::user::SetShowState(window, (style & WS_MINIMIZE) ? Window::Placement::Minimized
+                                                                   : Window::Placement::Maximized);
     return hwnd;
 }
 
@@ -123,9 +133,19 @@ BOOL DestroyWindow(HWND hwnd) {
     bool hadFocus = focus && (focus == hwnd || IsChild(hwnd, focus));
     bool wasActive = Manager().active == hwnd;
     Window* owner = window->owner;
+    // An MDI client activates another document window first.
+    if (window->exStyle & WS_EX_MDICHILD)
+        platform::user::MdiChildGoing(window);
+    if (!Manager().Find(hwnd))
+        return TRUE;
+    hadFocus = Manager().focus && (Manager().focus == hwnd || IsChild(hwnd, Manager().focus));
     if (hadFocus)
         SetFocus(nullptr);
+    // The menu bar goes with its window.
+    HMENU menu = window->menu;
     DestroyTree(window);
+    if (menu)
+        DestroyMenu(menu);
     if (wasActive)
         platform::user::ActivateNext(owner);
     return TRUE;
@@ -206,6 +226,8 @@ BOOL MoveWindow(HWND hwnd, int x, int y, int cx, int cy, BOOL repaint) {
         return FALSE;
     RECT old = window->rect;
     window->rect = RECT{x, y, x + std::max(cx, 0), y + std::max(cy, 0)};
+    if (window->placement == Window::Placement::Normal)
+        window->normalRect = window->rect;
     bool resized =
         old.right - old.left != window->Width() || old.bottom - old.top != window->Height();
     if (repaint && window->visible) {
@@ -216,47 +238,11 @@ BOOL MoveWindow(HWND hwnd, int x, int y, int cx, int cy, BOOL repaint) {
             platform::user::RedrawFrame(window);
     }
     if (resized)
-        SendMessage(hwnd, WM_SIZE, SIZE_RESTORED,
+        SendMessage(hwnd, WM_SIZE, platform::user::SizeType(window),
                     MAKELONG(window->ClientWidth(), window->ClientHeight()));
     if (old.left != x || old.top != y)
         SendMessage(hwnd, WM_MOVE, 0, MAKELONG(x + window->frame.left, y + window->frame.top));
     return TRUE;
-}
-
-BOOL ShowWindow(HWND hwnd, int command) {
-    Window* window = Manager().Find(hwnd);
-    if (!window || window == Manager().Desktop())
-        return FALSE;
-    BOOL wasVisible = window->visible ? TRUE : FALSE;
-    bool show = command != SW_HIDE;
-    if (show == window->visible)
-        return wasVisible;
-    if (!show) {
-        HWND focus = Manager().focus;
-        if (focus && (focus == hwnd || IsChild(hwnd, focus)))
-            SetFocus(window->parent && window->parent != Manager().Desktop()
-                         ? window->parent->handle
-                         : nullptr);
-    }
-    SendMessage(hwnd, WM_SHOWWINDOW, show ? TRUE : FALSE, 0);
-    window->visible = show;
-    if (show) {
-        window->style |= WS_VISIBLE;
-        platform::user::RedrawFrame(window);
-        InvalidateRect(hwnd, nullptr, TRUE);
-        // Showing a top-level window activates it, unless asked not to.
-        bool activate = command != SW_SHOWNA && command != SW_SHOWNOACTIVATE &&
-                        command != SW_SHOWMINNOACTIVE && command != SW_MINIMIZE;
-        if (activate && window->parent == Manager().Desktop() && !(window->style & WS_DISABLED))
-            SetActiveWindow(hwnd);
-    } else {
-        window->style &= ~static_cast<DWORD>(WS_VISIBLE);
-        if (window->parent)
-            InvalidateRect(window->parent->handle, &window->rect, TRUE);
-        if (Manager().active == hwnd)
-            platform::user::ActivateNext(window->owner);
-    }
-    return wasVisible;
 }
 
 BOOL IsWindowVisible(HWND hwnd) {
@@ -308,7 +294,7 @@ BOOL SetWindowPos(HWND hwnd, HWND insertAfter, int x, int y, int cx, int cy, UIN
         int oldHeight = window->ClientHeight();
         platform::user::UpdateFrame(window);
         if (oldWidth != window->ClientWidth() || oldHeight != window->ClientHeight())
-            SendMessage(hwnd, WM_SIZE, SIZE_RESTORED,
+            SendMessage(hwnd, WM_SIZE, platform::user::SizeType(window),
                         MAKELONG(window->ClientWidth(), window->ClientHeight()));
         if (window->visible && !(flags & SWP_NOREDRAW)) {
             InvalidateRect(hwnd, nullptr, TRUE);
@@ -333,5 +319,10 @@ BOOL SetWindowPos(HWND hwnd, HWND insertAfter, int x, int y, int cx, int cy, UIN
     else if (!(flags & SWP_NOACTIVATE) && !(flags & SWP_NOZORDER) &&
              window->parent == Manager().Desktop() && window->visible)
         SetActiveWindow(hwnd);
+    // A child window that is not told otherwise is activated among its
+    // siblings (an MDI child becomes the active one).
+    if (!(flags & SWP_NOACTIVATE) && (window->style & WS_CHILD) && IsWindow(hwnd) &&
+        window->visible)
+        SendMessage(hwnd, WM_CHILDACTIVATE, 0, 0);
     return TRUE;
 }

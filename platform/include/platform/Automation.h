@@ -35,6 +35,12 @@ void PickComboItem(UINT id, const std::u16string& text);
 void SetCheck(UINT id, bool checked);
 // Clicks the message box's button that returns result (IDOK, IDYES, ...).
 void AnswerMessageBox(int result);
+// Picks the item with this command from the active window's menu bar, as a
+// user opens its pop-ups and clicks it: the window gets WM_INITMENU and
+// WM_INITMENUPOPUP for each pop-up on the way (so it can update the items),
+// then WM_COMMAND, unless the item is disabled or missing (recorded, and
+// nothing is sent).
+void PickMenuItem(UINT command);
 // Any other step, run in turn: read what is shown, save a picture.
 void Do(std::function<void()> step);
 

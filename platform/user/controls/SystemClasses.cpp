@@ -36,6 +36,13 @@ void RegisterSystemClasses() {
         wc.lpszClassName = entry.name;
         RegisterClass(&wc);
     }
+    // The MDI client shows the application workspace colour around its
+    // document windows.
+    WNDCLASS mdi{};
+    mdi.lpfnWndProc = MdiClientProc;
+    mdi.lpszClassName = u"MDICLIENT";
+    mdi.hbrBackground = GetSysColorBrush(COLOR_APPWORKSPACE);
+    RegisterClass(&mdi);
 }
 
 } // namespace platform::user

@@ -1,0 +1,145 @@
+// The menu bar of a top-level window: attaching it, and drawing it flat under
+// the caption, with the buttons of a maximised document window at its right.
+#include "Menus.h"
+
+#include "WindowManager.h"
+#include "controls/ControlPaint.h"
+#include <windows.h>
+
+#include <wingdi.h>
+
+#include <algorithm>
+
+namespace platform::user {
+
+namespace {
+
+constexpr int kItemPadding = 7;
+constexpr int kChildButtonWidth = 28;
+
+HFONT MenuFont() {
+    static HFONT font = [] {
+        LOGFONTW lf{};
+        lf.lfHeight = -12;
+        lf.lfWeight = FW_NORMAL;
+        const char16_t face[] = u"Segoe UI";
+        std::copy(std::begin(face), std::end(face), lf.lfFaceName);
+        return CreateFontIndirect(&lf);
+    }();
+    return font;
+}
+
+void Stroke(HDC hdc, int x0, int y0, int x1, int y1, COLORREF color) {
+    HPEN pen = CreatePen(PS_SOLID, 1, color);
+    HGDIOBJ old = SelectObject(hdc, pen);
+    MoveToEx(hdc, x0, y0, nullptr);
+    LineTo(hdc, x1, y1);
+    SelectObject(hdc, old);
+    DeleteObject(pen);
+}
+
+// The minimise, restore and close buttons of a maximised document window,
+// drawn as thin glyphs at the right end of the bar.
+void PaintChildButtons(HDC hdc, const RECT& bar) {
+    const COLORREF ink = GetSysColor(COLOR_MENUTEXT);
+    const int cy = (bar.top + bar.bottom) / 2;
+    int right = bar.right;
+    // Close: a cross.
+    int cx = right - kChildButtonWidth / 2;
+    Stroke(hdc, cx - 4, cy - 4, cx + 5, cy + 5, ink);
+    Stroke(hdc, cx + 4, cy - 4, cx - 5, cy + 5, ink);
+    right -= kChildButtonWidth;
+    // Restore: two overlapping squares.
+    cx = right - kChildButtonWidth / 2;
+    FrameSolid(hdc, RECT{cx - 5, cy - 3, cx + 3, cy + 5}, ink);
+    Stroke(hdc, cx - 3, cy - 5, cx + 5, cy - 5, ink);
+    Stroke(hdc, cx + 5, cy - 5, cx + 5, cy + 3, ink);
+    right -= kChildButtonWidth;
+    // Minimise: a bar.
+    cx = right - kChildButtonWidth / 2;
+    Stroke(hdc, cx - 5, cy, cx + 5, cy, ink);
+}
+
+} // namespace
+
+std::vector<HWND> WindowsWithMenu(HMENU menu) {
+    std::vector<HWND> found;
+    for (Window* top : WindowManager::Instance().TopLevel())
+        if (top->menu == menu)
+            found.push_back(top->handle);
+    return found;
+}
+
+std::vector<RECT> MenuBarItemRects(HDC hdc, const Menu& menu, const RECT& bar) {
+    std::vector<RECT> rects;
+    HGDIOBJ oldFont = SelectObject(hdc, MenuFont());
+    int x = bar.left;
+    for (const MenuItem& item : menu.items) {
+        RECT measure{0, 0, 0, 0};
+        DrawText(hdc, item.text.c_str(), static_cast<int>(item.text.size()), &measure,
+                 DT_SINGLELINE | DT_CALCRECT);
+        const int width = measure.right - measure.left + 2 * kItemPadding;
+        rects.push_back(RECT{x, bar.top, x + width, bar.bottom});
+        x += width;
+    }
+    SelectObject(hdc, oldFont);
+    return rects;
+}
+
+void PaintMenuBar(HDC hdc, const Menu& menu, const RECT& bar, bool maximizedChild) {
+    FillSolid(hdc, bar, GetSysColor(COLOR_MENUBAR));
+    const std::vector<RECT> rects = MenuBarItemRects(hdc, menu, bar);
+    HGDIOBJ oldFont = SelectObject(hdc, MenuFont());
+    SetBkMode(hdc, TRANSPARENT);
+    for (std::size_t i = 0; i < rects.size(); ++i) {
+        const MenuItem& item = menu.items[i];
+        if (item.flags & MF_SEPARATOR)
+            continue;
+        RECT text = rects[i];
+        SetTextColor(hdc, GetSysColor((item.flags & (MF_GRAYED | MF_DISABLED)) ? COLOR_GRAYTEXT
+                                                                               : COLOR_MENUTEXT));
+        // Mnemonics are underlined only once the keyboard asks for them.
+        DrawText(hdc, item.text.c_str(), static_cast<int>(item.text.size()), &text,
+                 DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_HIDEPREFIX);
+    }
+    SelectObject(hdc, oldFont);
+    if (maximizedChild)
+        PaintChildButtons(hdc, bar);
+}
+
+} // namespace platform::user
+
+using platform::user::Window;
+using platform::user::WindowManager;
+
+BOOL SetMenu(HWND hwnd, HMENU menu) {
+    Window* window = WindowManager::Instance().Find(hwnd);
+    if (!window || window == WindowManager::Instance().Desktop() || (window->style & WS_CHILD)) {
+        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+        return FALSE;
+    }
+    if (menu && !platform::user::FindMenu(menu)) {
+        SetLastError(ERROR_INVALID_MENU_HANDLE);
+        return FALSE;
+    }
+    if (window->menu == menu)
+        return TRUE;
+    window->menu = menu;
+    // The bar takes its height from the client area.
+    SetWindowPos(hwnd, nullptr, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    return TRUE;
+}
+
+HMENU GetMenu(HWND hwnd) {
+    Window* window = WindowManager::Instance().Find(hwnd);
+    return window && !(window->style & WS_CHILD) ? window->menu : nullptr;
+}
+
+BOOL DrawMenuBar(HWND hwnd) {
+    Window* window = WindowManager::Instance().Find(hwnd);
+    if (!window || !window->menu)
+        return FALSE;
+    platform::user::RedrawFrame(window);
+    return TRUE;
+}
