@@ -32,7 +32,16 @@ void CButton::SetCheck(int check) {
 }
 
 UINT CButton::GetButtonStyle() const {
-    return static_cast<UINT>(::GetWindowLongPtr(m_hWnd, GWL_STYLE)) & 0xFFFF;
+    return static_cast<UINT>(::GetWindowLongPtr(m_hWnd, GWL_STYLE)) & 0xFF;
+}
+
+void CButton::DrawItem(LPDRAWITEMSTRUCT) {}
+
+BOOL CButton::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    if (message != WM_DRAWITEM)
+        return CWnd::OnChildNotify(message, wParam, lParam, result);
+    DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam));
+    return TRUE;
 }
 
 void CButton::SetButtonStyle(UINT style, BOOL redraw) {

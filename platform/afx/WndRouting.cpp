@@ -130,8 +130,19 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
         return TRUE;
     }
     const AFX_MSGMAP_ENTRY* entry = platform::afx::FindWindowMessageEntry(GetMessageMap(), message);
-    if (!entry)
+    if (!entry) {
+        // An owner-drawn control's painting goes back to the control's own
+        // object when the parent has no handler of its own.
+        if (message == WM_DRAWITEM && lParam) {
+            auto* item = reinterpret_cast<LPDRAWITEMSTRUCT>(lParam);
+            if (item->CtlType != ODT_MENU &&
+                ReflectLastMsg(item->hwndItem, message, wParam, lParam)) {
+                *result = TRUE;
+                return TRUE;
+            }
+        }
         return FALSE;
+    }
     *result = entry->pfn(this, wParam, lParam);
     return TRUE;
 }

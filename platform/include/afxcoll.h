@@ -183,3 +183,33 @@ private:
     Node* m_tail = nullptr;
     int m_count = 0;
 };
+
+// A growable array of untyped pointers; the array never owns what they point
+// to. An index out of range throws CInvalidArgException.
+class CPtrArray : public CObject {
+public:
+    CPtrArray() = default;
+    ~CPtrArray() override = default;
+
+    int GetSize() const { return static_cast<int>(m_data.size()); }
+    int GetCount() const { return GetSize(); }
+    int GetUpperBound() const { return GetSize() - 1; }
+    BOOL IsEmpty() const { return m_data.empty(); }
+    void RemoveAll() { m_data.clear(); }
+
+    void* GetAt(int index) const { return m_data[Checked(index)]; }
+    void SetAt(int index, void* value) { m_data[Checked(index)] = value; }
+    void*& ElementAt(int index) { return m_data[Checked(index)]; }
+    void* operator[](int index) const { return GetAt(index); }
+    void*& operator[](int index) { return ElementAt(index); }
+
+    // Returns the index of the new element.
+    int Add(void* value);
+    void InsertAt(int index, void* value, int count = 1);
+    void RemoveAt(int index, int count = 1);
+
+private:
+    std::size_t Checked(int index) const;
+
+    std::vector<void*> m_data;
+};

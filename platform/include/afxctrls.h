@@ -13,8 +13,16 @@ public:
     void SetState(BOOL highlight);
     int GetCheck() const;
     void SetCheck(int check);
+    // The button type and its other style bits of the low byte.
     UINT GetButtonStyle() const;
     void SetButtonStyle(UINT style, BOOL redraw = TRUE);
+
+    // Paints an owner-drawn button; the parent's WM_DRAWITEM comes here.
+    // Nothing is drawn by default.
+    virtual void DrawItem(LPDRAWITEMSTRUCT item);
+
+protected:
+    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 };
 
 class CEdit : public CWnd {

@@ -189,3 +189,20 @@ private:
     // The tab control's wrapper that GetTabControl hands out.
     mutable CTabCtrl* m_tabControl = nullptr;
 };
+
+// The colour dialog: DoModal runs the platform's colour dialog (ChooseColor)
+// with m_cc, which the host may adjust between the constructor and DoModal.
+// A non-black initial colour is proposed (CC_RGBINIT); black is not.
+class CColorDialog : public CDialog {
+public:
+    explicit CColorDialog(COLORREF clrInit = 0, DWORD dwFlags = 0, CWnd* pParentWnd = nullptr);
+
+    // IDOK once the user chose a colour, IDCANCEL otherwise.
+    INT_PTR DoModal() override;
+    // The chosen colour; the initial one until a colour was chosen.
+    COLORREF GetColor() const { return m_cc.rgbResult; }
+    // The process's 16 custom colours, shared by every colour dialog.
+    static COLORREF* GetSavedCustomColors();
+
+    CHOOSECOLOR m_cc{};
+};

@@ -82,3 +82,39 @@ BOOL GetSaveFileNameW(LPOPENFILENAMEW ofn);
 #define GetOpenFileName GetOpenFileNameW
 #define GetSaveFileName GetSaveFileNameW
 DWORD CommDlgExtendedError();
+
+// CHOOSECOLOR flags.
+#define CC_RGBINIT 0x00000001
+#define CC_FULLOPEN 0x00000002
+#define CC_PREVENTFULLOPEN 0x00000004
+#define CC_SHOWHELP 0x00000008
+#define CC_ENABLEHOOK 0x00000010
+#define CC_ENABLETEMPLATE 0x00000020
+#define CC_ENABLETEMPLATEHANDLE 0x00000040
+#define CC_SOLIDCOLOR 0x00000080
+#define CC_ANYCOLOR 0x00000100
+
+typedef UINT_PTR (*LPCCHOOKPROC)(HWND, UINT, WPARAM, LPARAM);
+
+// rgbResult holds the initial colour (with CC_RGBINIT) and receives the
+// chosen one; lpCustColors points to the caller's 16 custom colours.
+typedef struct tagCHOOSECOLORW {
+    DWORD lStructSize;
+    HWND hwndOwner;
+    HWND hInstance;
+    COLORREF rgbResult;
+    COLORREF* lpCustColors;
+    DWORD Flags;
+    LPARAM lCustData;
+    LPCCHOOKPROC lpfnHook;
+    LPCWSTR lpTemplateName;
+} CHOOSECOLORW, *LPCHOOSECOLORW, CHOOSECOLOR, *LPCHOOSECOLOR;
+
+// Runs the platform's colour dialog modally over hwndOwner: a grid of 48
+// basic colours and the red, green and blue values of the colour being
+// chosen, which the user may type. It starts on rgbResult with CC_RGBINIT,
+// else on black. TRUE when the user chose a colour (in rgbResult); FALSE
+// when the user cancelled (CommDlgExtendedError gives 0) or the request was
+// bad (it gives the reason). Hooks and templates are not supported.
+BOOL ChooseColorW(LPCHOOSECOLORW cc);
+#define ChooseColor ChooseColorW

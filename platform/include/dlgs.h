@@ -11,3 +11,10 @@
 #define cmb1 0x0470 // "Files of type"
 #define cmb2 0x0471 // "Look in" folder
 #define edt1 0x0480 // "File name"
+
+// The colour dialog.
+#define COLOR_RED 706     // "Red" value field
+#define COLOR_GREEN 707   // "Green" value field
+#define COLOR_BLUE 708    // "Blue" value field
+#define COLOR_CURRENT 709 // the colour being chosen
+#define COLOR_BOX1 720    // the basic colours' label

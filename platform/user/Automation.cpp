@@ -3,6 +3,7 @@
 #include "Keyboard.h"
 #include "Menus.h"
 #include "WindowManager.h"
+#include "colordialog/ColorDialog.h"
 #include "controls/Controls.h"
 #include "filedialog/FileDialog.h"
 
@@ -11,6 +12,8 @@
 #include <commctrl.h>
 #include <dlgs.h>
 
+#include <algorithm>
+#include <cstdio>
 #include <deque>
 
 namespace platform::automation {
@@ -520,6 +523,59 @@ bool ReadFileDialog(FileDialogView* view) {
     int count = static_cast<int>(SendMessage(list, LVM_GETITEMCOUNT, 0, 0));
     for (int item = 0; item < count; ++item)
         view->names.push_back(ListText(list, item));
+    return true;
+}
+
+} // namespace platform::automation
+
+namespace platform::automation {
+
+void PickColor(COLORREF colour) {
+    colour &= 0xFFFFFF;
+    Queue([colour] {
+        namespace colordialog = platform::user::colordialog;
+        HWND dialog = GetActiveWindow();
+        if (!colordialog::StateOf(dialog)) {
+            Note("pick colour: " + Describe(dialog) + " is no colour dialog");
+            return;
+        }
+        char hex[16];
+        std::snprintf(hex, sizeof hex, "%06X", static_cast<unsigned>(colour));
+        Note(std::string("pick colour ") + hex);
+        // The clicks and keys run as the next actions, in order.
+        std::deque<std::function<void()>> steps;
+        const auto& basic = colordialog::kBasicColours;
+        auto swatch = std::find(basic.begin(), basic.end(), colour);
+        if (swatch != basic.end()) {
+            UINT id = static_cast<UINT>(colordialog::kFirstSwatch + (swatch - basic.begin()));
+            steps.push_back([id] { ClickNow(id); });
+        } else {
+            const int fields[] = {COLOR_RED, COLOR_GREEN, COLOR_BLUE};
+            for (int i = 0; i < 3; ++i) {
+                HWND field = GetDlgItem(dialog, fields[i]);
+                steps.push_back([field] {
+                    SetFocus(field);
+                    SendMessage(field, EM_SETSEL, 0, -1);
+                });
+                for (char ch : std::to_string((colour >> (8 * i)) & 0xFF))
+                    steps.push_back([ch] {
+                        platform::user::KeyStroke stroke =
+                            platform::user::StrokeFor(static_cast<char16_t>(ch));
+                        PressKey(stroke.vk, static_cast<char16_t>(ch), stroke.shift, false);
+                    });
+            }
+        }
+        steps.push_back([] { ClickNow(IDOK); });
+        auto& actions = Current().actions;
+        actions.insert(actions.begin(), steps.begin(), steps.end());
+    });
+}
+
+bool ReadColorDialog(COLORREF* colour) {
+    const auto* state = platform::user::colordialog::StateOf(GetActiveWindow());
+    if (!colour || !state)
+        return false;
+    *colour = state->current;
     return true;
 }
 

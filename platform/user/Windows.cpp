@@ -118,8 +118,9 @@ BOOL DestroyWindow(HWND hwnd) {
     Window* window = Manager().Find(hwnd);
     if (!window || window == Manager().Desktop() || window->destroying)
         return FALSE;
+    // What the window covered shows again.
     if (window->visible && window->parent)
-        InvalidateRect(window->parent->handle, nullptr, TRUE);
+        InvalidateRect(window->parent->handle, &window->rect, TRUE);
     // Owned windows go first, as on the original.
     std::vector<HWND> owned;
     for (Window* top : Manager().TopLevel())

@@ -109,3 +109,18 @@ namespace platform::automation {
 void ClickTab(int index, UINT tabId = 0);
 
 } // namespace platform::automation
+
+// The colour dialog (ChooseColor, CColorDialog).
+namespace platform::automation {
+
+// Picks a colour in the active colour dialog as a user does: a click on the
+// first basic colour swatch of that colour, or, when none matches, the red,
+// green and blue values typed into their fields; then a click on OK.
+// Without an active colour dialog the attempt is recorded and nothing
+// happens.
+void PickColor(COLORREF colour);
+// The colour the active colour dialog shows as chosen; false when the
+// active window is no colour dialog.
+bool ReadColorDialog(COLORREF* colour);
+
+} // namespace platform::automation

@@ -45,6 +45,12 @@ std::u16string Text(HWND hwnd) {
     return text;
 }
 
+void SetType(HWND hwnd, WPARAM type) {
+    auto style = static_cast<DWORD>(GetWindowLongPtr(hwnd, GWL_STYLE));
+    style = (style & ~static_cast<DWORD>(BS_TYPEMASK)) | (static_cast<DWORD>(type) & BS_TYPEMASK);
+    SetWindowLongPtr(hwnd, GWL_STYLE, static_cast<LONG_PTR>(style));
+}
+
 void Redraw(HWND hwnd) {
     InvalidateRect(hwnd, nullptr, TRUE);
 }
@@ -202,13 +208,34 @@ void PaintGroup(HWND hwnd, HDC hdc, const ButtonState& state, const RECT& client
     DrawText(hdc, label.c_str(), static_cast<int>(label.size()), &text, DT_LEFT | DT_SINGLELINE);
 }
 
+// An owner-drawn button leaves all of its painting to its parent, which
+// gets the whole client area and the button's state.
+void PaintOwnerDrawn(HWND hwnd, HDC hdc, const ButtonState& state, const RECT& client) {
+    HWND parent = GetParent(hwnd);
+    if (!parent)
+        return;
+    DRAWITEMSTRUCT item{};
+    item.CtlType = ODT_BUTTON;
+    item.CtlID = static_cast<UINT>(GetDlgCtrlID(hwnd));
+    item.itemAction = ODA_DRAWENTIRE;
+    item.itemState = (state.pushed ? ODS_SELECTED : 0) | (state.focused ? ODS_FOCUS : 0) |
+                     (IsWindowEnabled(hwnd) ? 0 : ODS_DISABLED);
+    item.hwndItem = hwnd;
+    item.hDC = hdc;
+    item.rcItem = client;
+    FontScope font(hdc, state.font);
+    SendMessage(parent, WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+}
+
 void Paint(HWND hwnd, const ButtonState& state) {
     PAINTSTRUCT ps;
     HDC hdc = BeginPaint(hwnd, &ps);
     RECT client;
     GetClientRect(hwnd, &client);
     DWORD type = Type(hwnd);
-    if (IsPush(type))
+    if (type == BS_OWNERDRAW)
+        PaintOwnerDrawn(hwnd, hdc, state, client);
+    else if (IsPush(type))
         PaintPush(hwnd, hdc, state, client);
     else if (IsCheck(type))
         PaintCheck(hwnd, hdc, state, client, false);
@@ -223,8 +250,13 @@ LRESULT ButtonProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE)
         States().Create(hwnd);
     ButtonState* state = States().Find(hwnd);
-    if (!state)
+    if (!state) {
+        // A framework object subclassing the button while it is being
+        // created may already set its type.
+        if (message == BM_SETSTYLE)
+            SetType(hwnd, wParam);
         return DefWindowProc(hwnd, message, wParam, lParam);
+    }
     DWORD type = Type(hwnd);
     switch (message) {
     case WM_NCDESTROY:
@@ -351,15 +383,11 @@ LRESULT ButtonProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
             Redraw(hwnd);
         }
         return 0;
-    case BM_SETSTYLE: {
-        auto style = static_cast<DWORD>(GetWindowLongPtr(hwnd, GWL_STYLE));
-        style =
-            (style & ~static_cast<DWORD>(BS_TYPEMASK)) | (static_cast<DWORD>(wParam) & BS_TYPEMASK);
-        SetWindowLongPtr(hwnd, GWL_STYLE, static_cast<LONG_PTR>(style));
+    case BM_SETSTYLE:
+        SetType(hwnd, wParam);
         if (lParam)
             Redraw(hwnd);
         return 0;
-    }
     case BM_CLICK:
         if (IsWindowEnabled(hwnd) && type != BS_GROUPBOX)
             Click(hwnd);

@@ -2,15 +2,22 @@
 // modally, and hand the chosen path back in the caller's buffer.
 #include "FileDialog.h"
 
+#include "../CommonDialogError.h"
+
 #include <platform/ResourceTemplates.h>
 
 #include <cstddef>
 
+// The last common dialog's error, shared by the file and colour dialogs.
+DWORD& CommDlgLastError() {
+    static DWORD error = 0;
+    return error;
+}
+
 namespace {
 
 DWORD& LastError() {
-    static DWORD error = 0;
-    return error;
+    return CommDlgLastError();
 }
 
 BOOL Fail(DWORD error) {
