@@ -18,7 +18,7 @@ const AFX_MSGMAP* CCmdTarget::GetMessageMap() const {
 }
 
 namespace platform::afx {
-thread_local LookupCacheEntry t_lookupCache[kLookupCacheSize];
+[[gnu::tls_model("initial-exec")]] thread_local LookupCacheEntry t_lookupCache[kLookupCacheSize];
 } // namespace platform::afx
 
 namespace {
