@@ -181,6 +181,14 @@ BOOL GetMessage(LPMSG msg, HWND hwnd, UINT filterMin, UINT filterMax) {
 LRESULT DispatchMessage(const MSG* msg) {
     if (!msg || !msg->hwnd)
         return 0;
+    // A button pressed inside a document window activates that document
+    // first, as the window system's mouse activation does.
+    if (msg->message == WM_LBUTTONDOWN || msg->message == WM_RBUTTONDOWN)
+        for (Window* w = Manager().Find(msg->hwnd); w && w != Manager().Desktop(); w = w->parent)
+            if (w->exStyle & WS_EX_MDICHILD) {
+                SendMessage(w->handle, WM_CHILDACTIVATE, 0, 0);
+                break;
+            }
     return SendMessage(msg->hwnd, msg->message, msg->wParam, msg->lParam);
 }
 

@@ -93,6 +93,17 @@ TEST_F(MdiTest, ActivatingADocumentRaisesItAndClosingTheActiveOneGoesBackToTheOn
     EXPECT_EQ(TextOf(main), u"Notes Host");
 }
 
+TEST_F(MdiTest, AClickInADocumentsViewActivatesIt) {
+    CFrameWnd* fa = FrameOf(OpenNote());
+    CFrameWnd* fb = FrameOf(OpenNote());
+    EXPECT_EQ(Active(), fb);
+    // The first document's view shows to the left of the second's frame.
+    platform::automation::ClickAt(fa->GetActiveView()->m_hWnd, POINT{5, 60});
+    Run();
+    EXPECT_EQ(Active(), fa);
+    EXPECT_EQ(GetFocus(), fa->GetActiveView()->m_hWnd);
+}
+
 TEST_F(MdiTest, NextGoesRoundTheDocuments) {
     CFrameWnd* fa = FrameOf(OpenNote());
     CFrameWnd* fb = FrameOf(OpenNote());
