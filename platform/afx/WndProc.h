@@ -37,8 +37,8 @@ struct LookupCacheEntry {
 constexpr std::size_t kLookupCacheSize = 64;
 // Initial-exec: the library is loaded with the program, and the general model
 // would call into the loader for every look-up.
-extern thread_local LookupCacheEntry t_lookupCache[kLookupCacheSize] [[gnu::tls_model(
-    "initial-exec")]];
+[[gnu::tls_model(
+    "initial-exec")]] extern thread_local LookupCacheEntry t_lookupCache[kLookupCacheSize];
 
 inline LookupCacheEntry& LookupSlot(const AFX_MSGMAP* map, UINT message, UINT code, UINT id) {
     const std::size_t slot =
