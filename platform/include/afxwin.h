@@ -138,5 +138,6 @@ private:
 #include "afxmdichild.h"
 #include "afxmdiframe.h"
 #include "afxmenu.h"
+#include "afxprint.h"
 #include "afxview.h"
 #include "afxwnd.h"
