@@ -4,6 +4,7 @@
 // fixed built-in one. Each must give exactly the columns a plain reading of
 // the text finds, and the host's message exactly when the text is malformed
 // (never for a stored layout). Any other outcome traps.
+#include <ScratchProfile.h>
 #include <Win/Win.h>
 #include <platform/Automation.h>
 #include <platform/CodePage.h>
@@ -92,16 +93,7 @@ std::u16string Decode(const uint8_t* data, size_t size) {
 // A private profile file, in memory where the system offers one.
 const std::u16string& ProfilePath() {
     static const std::u16string path = [] {
-        const char* base = ::access("/dev/shm", W_OK) == 0 ? "/dev/shm" : std::getenv("TMPDIR");
-        std::string dir = std::string(base ? base : "/tmp") + "/columns-fuzz-XXXXXX";
-        Check(::mkdtemp(dir.data()) != nullptr);
-        static std::string s_dir = dir;
-        std::atexit([] {
-            for (const char* suffix : {"/fuzz.ini", "/fuzz.ini.lock", "/fuzz.ini.tmp"})
-                ::unlink((s_dir + suffix).c_str());
-            ::rmdir(s_dir.c_str());
-        });
-        CString name = platform::FromUtf8(dir + "/fuzz.ini");
+        const CString name = platform::FromUtf8(fuzz::MakeScratchProfile("columns-fuzz"));
         return std::u16string(name.GetString());
     }();
     return path;

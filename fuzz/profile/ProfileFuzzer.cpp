@@ -2,6 +2,7 @@
 // every value as a string, an integer and binary data, then writes into it.
 // Reads give values; a write changes what it names and nothing else. Any
 // other outcome traps.
+#include <ScratchProfile.h>
 #include <afxwin.h>
 #include <tchar.h>
 
@@ -25,21 +26,8 @@ void Check(bool condition) {
         __builtin_trap();
 }
 
-// A private directory, in memory where the system offers one (every write
-// flushes the file to disk).
 const std::string& FuzzFile() {
-    static const std::string file = [] {
-        const char* base = ::access("/dev/shm", W_OK) == 0 ? "/dev/shm" : std::getenv("TMPDIR");
-        std::string dir = std::string(base ? base : "/tmp") + "/profile-fuzz-XXXXXX";
-        Check(::mkdtemp(dir.data()) != nullptr);
-        static std::string s_dir = dir;
-        std::atexit([] {
-            for (const char* suffix : {"/fuzz.ini", "/fuzz.ini.lock", "/fuzz.ini.tmp"})
-                ::unlink((s_dir + suffix).c_str());
-            ::rmdir(s_dir.c_str());
-        });
-        return dir + "/fuzz.ini";
-    }();
+    static const std::string file = fuzz::MakeScratchProfile("profile-fuzz");
     return file;
 }
 

@@ -1,6 +1,7 @@
 // CFile over a POSIX file descriptor, with the framework's open flags, its
 // error causes and an in-process table that emulates the share modes.
 #include "afx.h"
+#include "kernel/DurableFile.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -199,17 +200,7 @@ void CFile::ThrowErrno(int cause, int error) const {
 }
 
 bool CFile::WriteAll(const char* data, std::size_t size) {
-    while (size > 0) {
-        const ssize_t n = ::write(m_fd, data, size);
-        if (n < 0) {
-            if (errno == EINTR)
-                continue;
-            return false;
-        }
-        data += n;
-        size -= static_cast<std::size_t>(n);
-    }
-    return true;
+    return platform::WriteAll(m_fd, data, size);
 }
 
 UINT CFile::Read(void* buffer, UINT count) {

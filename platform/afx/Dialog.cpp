@@ -71,20 +71,9 @@ INT_PTR CDialog::DoModal() {
     }
     m_nModalResult = -1;
     m_nFlags |= WF_CONTINUEMODAL;
-    if (CreateFromTemplate(owner) && (m_nFlags & WF_CONTINUEMODAL)) {
-        DWORD flags = MLF_SHOWONIDLE;
-        if (GetStyle() & 0x100 /* DS_NOIDLEMSG */)
-            flags |= MLF_NOIDLEMSG;
-        RunModalLoop(flags);
-    }
-    if (m_hWnd)
-        SetWindowPos(nullptr, 0, 0, 0, 0,
-                     SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
-    if (enableOwner)
-        ::EnableWindow(owner, TRUE);
-    if (owner && m_hWnd && ::GetActiveWindow() == m_hWnd)
-        ::SetActiveWindow(owner);
-    DestroyWindow();
+    if (CreateFromTemplate(owner) && (m_nFlags & WF_CONTINUEMODAL))
+        RunModalLoop(ModalLoopFlags());
+    EndModalWindow(owner, enableOwner);
     m_nFlags &= ~static_cast<UINT>(WF_CONTINUEMODAL);
     return m_nModalResult;
 }

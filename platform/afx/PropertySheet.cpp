@@ -104,20 +104,9 @@ INT_PTR CPropertySheet::DoModal() {
     m_psh.phpage = nullptr;
     m_psh.dwFlags &= ~static_cast<DWORD>(PSH_MODELESS);
     INT_PTR result = -1;
-    if (hwnd && m_hWnd == hwnd && (m_nFlags & WF_CONTINUEMODAL)) {
-        DWORD flags = MLF_SHOWONIDLE;
-        if (GetStyle() & DS_NOIDLEMSG)
-            flags |= MLF_NOIDLEMSG;
-        result = RunModalLoop(flags);
-    }
-    if (m_hWnd)
-        SetWindowPos(nullptr, 0, 0, 0, 0,
-                     SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
-    if (enableOwner)
-        ::EnableWindow(owner, TRUE);
-    if (owner && m_hWnd && ::GetActiveWindow() == m_hWnd)
-        ::SetActiveWindow(owner);
-    DestroyWindow();
+    if (hwnd && m_hWnd == hwnd && (m_nFlags & WF_CONTINUEMODAL))
+        result = RunModalLoop(ModalLoopFlags());
+    EndModalWindow(owner, enableOwner);
     m_nFlags &= ~static_cast<UINT>(WF_CONTINUEMODAL);
     return result;
 }

@@ -22,6 +22,24 @@ BOOL WalkPreTranslateTree(MSG* msg) {
 
 } // namespace platform::afx
 
+DWORD CWnd::ModalLoopFlags() const {
+    DWORD flags = MLF_SHOWONIDLE;
+    if (GetStyle() & DS_NOIDLEMSG)
+        flags |= MLF_NOIDLEMSG;
+    return flags;
+}
+
+void CWnd::EndModalWindow(HWND owner, bool enableOwner) {
+    if (m_hWnd)
+        SetWindowPos(nullptr, 0, 0, 0, 0,
+                     SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
+    if (enableOwner)
+        ::EnableWindow(owner, TRUE);
+    if (owner && m_hWnd && ::GetActiveWindow() == m_hWnd)
+        ::SetActiveWindow(owner);
+    DestroyWindow();
+}
+
 int CWnd::RunModalLoop(DWORD flags) {
     HWND hwnd = m_hWnd;
     m_nFlags |= WF_MODALLOOP;

@@ -197,6 +197,12 @@ public:
     virtual int RunModalLoop(DWORD flags = 0);
     virtual BOOL ContinueModal();
     virtual void EndModalLoop(int result);
+    // The end of a modal window: hidden, its owner enabled again (when it was
+    // disabled for it) and active again, then destroyed.
+    void EndModalWindow(HWND owner, bool enableOwner);
+    // The loop flags for a modal window: shown once idle, and without idle
+    // messages when its style asks for none.
+    DWORD ModalLoopFlags() const;
 
     // Called for each message before it is dispatched, from the target window
     // up to the window running the loop; TRUE consumes the message.

@@ -32,6 +32,15 @@ private:
     int m_fd;
 };
 
+std::string DirectoryOf(const std::string& path) {
+    const auto slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+} // namespace
+
 bool WriteAll(int fd, const char* data, std::size_t size) {
     while (size > 0) {
         const ssize_t n = ::write(fd, data, size);
@@ -45,15 +54,6 @@ bool WriteAll(int fd, const char* data, std::size_t size) {
     }
     return true;
 }
-
-std::string DirectoryOf(const std::string& path) {
-    const auto slash = path.rfind('/');
-    if (slash == std::string::npos)
-        return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
-
-} // namespace
 
 bool ReadWholeFile(const std::string& path, std::string& bytes, std::size_t maxSize, int& error) {
     bytes.clear();

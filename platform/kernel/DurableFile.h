@@ -11,6 +11,10 @@ namespace platform {
 // is larger than maxSize.
 bool ReadWholeFile(const std::string& path, std::string& bytes, std::size_t maxSize, int& error);
 
+// Writes all of data, resuming after interrupted and partial writes; false
+// with errno set when a write fails.
+bool WriteAll(int fd, const char* data, std::size_t size);
+
 // Creates the missing directories of dir (mode 0700).
 bool CreateDirectories(const std::string& dir, int& error);
 
