@@ -73,6 +73,9 @@ void Retain(GdiObject* object);
 
 // Stock objects by index; the default bitmap of memory DCs is a stock 1 x 1 bitmap.
 GdiObject* Stock(int index);
+// A solid brush that lives as long as the process and, like the stock objects,
+// is neither counted as live nor ever deleted: the system colour brushes.
+void* MakeSystemBrush(COLORREF color);
 Bitmap* DefaultBitmap();
 
 // Tells the class framework's handle maps that a handle is gone.

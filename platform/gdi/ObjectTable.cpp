@@ -148,6 +148,10 @@ void Release(GdiObject* object) {
         Destroy(object);
 }
 
+void* MakeSystemBrush(COLORREF color) {
+    return MakeStock(StockBrush(BS_SOLID, color))->handle;
+}
+
 GdiObject* Stock(int index) {
     static GdiObject* stock[18] = {
         MakeStock(StockBrush(BS_SOLID, RGB(255, 255, 255))),

@@ -1,5 +1,7 @@
 // System colours with the original's default (Windows 10 era) values, and a
 // stock brush for each.
+#include "gdi/GdiObject.h"
+
 #include <windows.h>
 
 #include <wingdi.h>
@@ -61,6 +63,7 @@ HBRUSH GetSysColorBrush(int index) {
         return nullptr;
     HBRUSH& brush = brushes[static_cast<std::size_t>(index)];
     if (!brush)
-        brush = CreateSolidBrush(kColors[static_cast<std::size_t>(index)]);
+        brush = static_cast<HBRUSH>(
+            platform::gdi::MakeSystemBrush(kColors[static_cast<std::size_t>(index)]));
     return brush;
 }
