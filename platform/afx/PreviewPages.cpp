@@ -156,23 +156,34 @@ void CPreviewView::OnDraw(CDC* dc) {
 
     const CRect area = PageArea();
     dc->FillSolidRect(&area, ::GetSysColor(COLOR_APPWORKSPACE));
+    // A page larger than the area is cut at its edges, below the tool bar.
+    auto fill = [&](CRect r, COLORREF colour) {
+        if (r.IntersectRect(r, area))
+            dc->FillSolidRect(&r, colour);
+    };
     CDC memory;
     memory.CreateCompatibleDC(dc);
     for (const PageImage& shown : m_shown) {
         const CRect& r = shown.rect;
-        dc->FillSolidRect(r.left + kShadow, r.bottom, r.Width(), kShadow, 0x000000);
-        dc->FillSolidRect(r.right, r.top + kShadow, kShadow, r.Height(), 0x000000);
+        fill(CRect(r.left + kShadow, r.bottom + 1, r.right + 1 + kShadow, r.bottom + 1 + kShadow),
+             0x000000);
+        fill(CRect(r.right + 1, r.top + kShadow, r.right + 1 + kShadow, r.bottom + 1), 0x000000);
+        // The page's edge, just outside the paper.
+        fill(CRect(r.left - 1, r.top - 1, r.right + 1, r.top), 0x000000);
+        fill(CRect(r.left - 1, r.bottom, r.right + 1, r.bottom + 1), 0x000000);
+        fill(CRect(r.left - 1, r.top, r.left, r.bottom), 0x000000);
+        fill(CRect(r.right, r.top, r.right + 1, r.bottom), 0x000000);
+        CRect visible;
+        if (!visible.IntersectRect(r, area))
+            continue;
         if (shown.bitmap) {
             HGDIOBJ old = ::SelectObject(memory.m_hDC, shown.bitmap);
-            dc->BitBlt(r.left, r.top, r.Width(), r.Height(), &memory, 0, 0, SRCCOPY);
+            dc->BitBlt(visible.left, visible.top, visible.Width(), visible.Height(), &memory,
+                       visible.left - r.left, visible.top - r.top, SRCCOPY);
             ::SelectObject(memory.m_hDC, old);
         } else {
-            dc->FillSolidRect(&r, 0xFFFFFF);
+            dc->FillSolidRect(&visible, 0xFFFFFF);
         }
-        // The page's edge, outside the paper.
-        CRect edge(r.left - 1, r.top - 1, r.right + 1, r.bottom + 1);
-        CBrush black(0x000000);
-        dc->FrameRect(&edge, &black);
     }
     memory.DeleteDC();
 

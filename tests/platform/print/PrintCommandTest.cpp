@@ -8,6 +8,7 @@
 
 #include <platform/Automation.h>
 #include <platform/Printers.h>
+#include <platform/WindowPictures.h>
 
 #include <filesystem>
 
@@ -62,11 +63,16 @@ TEST_F(PrintCommandTest, TheMainWindowIsDisabledWhilePagesPrintAndEnabledAfter) 
 TEST_F(PrintCommandTest, ThePrintDialogOffersTheViewsPagesOnTheDefaultPrinter) {
     automation::PrintDialogView seen;
     bool shown = false;
-    automation::Do([&] { shown = automation::ReadPrintDialog(&seen); });
+    bool saved = false;
+    automation::Do([&] {
+        shown = automation::ReadPrintDialog(&seen);
+        saved = platform::SaveWindowAsPng(GetActiveWindow(), (dir / "dialog.png").string());
+    });
     automation::Click(IDCANCEL);
     Command(ID_FILE_PRINT);
 
     ASSERT_TRUE(shown);
+    EXPECT_TRUE(saved);
     EXPECT_EQ(seen.title, u"Print");
     ASSERT_FALSE(seen.printers.empty());
     EXPECT_EQ(seen.printers.front(), platform::kPdfPrinter);
