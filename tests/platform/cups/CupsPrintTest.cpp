@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <regex>
 
@@ -45,9 +46,10 @@ std::string Contents(const fs::path& path) {
 class CupsPrintTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
-        spool = fs::temp_directory_path() / "cups-test-spool";
-        fs::remove_all(spool);
-        fs::create_directories(spool);
+        // A folder of this process's own: tests run side by side.
+        std::string pattern = (fs::temp_directory_path() / "cups-spool-XXXXXX").string();
+        if (mkdtemp(pattern.data()))
+            spool = pattern;
         setenv("TMPDIR", spool.c_str(), 1);
         server = new testing_support::CupsServer;
         ShowADialogOnce();
@@ -66,9 +68,11 @@ protected:
     static void TearDownTestSuite() {
         delete server;
         unsetenv("TMPDIR");
-        fs::remove_all(spool);
+        if (!spool.empty())
+            fs::remove_all(spool);
     }
     void SetUp() override {
+        ASSERT_FALSE(spool.empty());
         if (!server->Problem().empty())
             GTEST_SKIP() << server->Problem();
         automation::Reset();
