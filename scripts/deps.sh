@@ -5,10 +5,10 @@
 set -euo pipefail
 packages=(
     build-essential cmake ninja-build pkg-config clang libclang-rt-14-dev
-    libcairo2-dev libfontconfig-dev libfreetype-dev libicu-dev
+    libcairo2-dev libfontconfig-dev libfreetype-dev libicu-dev libcups2-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     fonts-dejavu-core fonts-dejavu-extra fonts-liberation2
-    poppler-utils dialog
+    poppler-utils dialog cups-daemon
 )
 if [ "${WIN_BENCH_PEERS:-0}" = 1 ]; then
     packages+=(libvterm-dev libtsm-dev)

@@ -68,6 +68,8 @@ class CDC : public CObject {
 public:
     HDC m_hDC = nullptr;
     HDC m_hAttribDC = nullptr;
+    // Set while the DC prints or draws a preview page.
+    BOOL m_bPrinting = FALSE;
 
     CDC() = default;
     ~CDC() override;
@@ -121,6 +123,15 @@ public:
     COLORREF GetPixel(int x, int y) const;
     COLORREF SetPixel(int x, int y, COLORREF color);
     int GetClipBox(LPRECT rect) const;
+
+    // Printing: a document of pages on a printer DC.
+    BOOL IsPrinting() const { return m_bPrinting; }
+    int StartDoc(LPDOCINFO info);
+    int StartDoc(LPCTSTR docName);
+    int StartPage();
+    int EndPage();
+    int EndDoc();
+    int AbortDoc();
 
 private:
     CDC(const CDC&) = delete;
