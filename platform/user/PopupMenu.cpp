@@ -224,10 +224,17 @@ BOOL TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int, HWND owner, const
         SendMessage(owner, WM_EXITMENULOOP, TRUE, 0);
         return FALSE;
     }
-    platform::user::Current() = &popup;
-    ShowWindow(popup.window, SW_SHOWNA);
-    platform::user::RunMenuLoop(popup);
-    platform::user::Current() = nullptr;
+    {
+        // The menu is open for the loop, however it ends.
+        struct Open {
+            explicit Open(TrackedPopup* popup) { platform::user::Current() = popup; }
+            ~Open() { platform::user::Current() = nullptr; }
+            Open(const Open&) = delete;
+            Open& operator=(const Open&) = delete;
+        } open(&popup);
+        ShowWindow(popup.window, SW_SHOWNA);
+        platform::user::RunMenuLoop(popup);
+    }
     if (IsWindow(popup.window))
         DestroyWindow(popup.window);
     if (!IsWindow(owner))
