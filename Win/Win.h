@@ -1,8 +1,10 @@
 // Every public class of the library.
 #pragma once
 
+#include "Win/controls/CColorStatusBar.h"
 #include "Win/controls/CColourButton.h"
 #include "Win/controls/CControlPos.h"
+#include "Win/controls/CDockingControlBar.h"
 #include "Win/controls/CWarningDlg.h"
 #include "Win/export/CExportFile.h"
 #include "Win/export/CExportFormat.h"

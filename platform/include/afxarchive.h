@@ -4,7 +4,11 @@
 
 #include "afxfile.h"
 
+#include <unordered_map>
 #include <vector>
+
+struct CRuntimeClass;
+class CObject;
 
 class CArchive {
 public:
@@ -66,9 +70,44 @@ public:
     void WriteCount(ULONGLONG count);
     ULONGLONG ReadCount();
 
+    // Objects with their class: the first time a class goes out it is
+    // written by name with its schema, later by number; an object stored a
+    // second time is written as a reference to the first. A null object is a
+    // tag of 0.
+    void WriteObject(const CObject* object);
+    void WriteClass(const CRuntimeClass* runtimeClass);
+    // Reads an object: a new one is created through its class and reads
+    // itself with Serialize; a reference gives the object read before. An
+    // unknown class, or one that is not requested's kind, raises badClass; a
+    // stored schema that is not the class's own raises badSchema (unless the
+    // class is marked VERSIONABLE_SCHEMA); a reference to nothing read so far
+    // raises badIndex.
+    CObject* ReadObject(const CRuntimeClass* requested);
+    // Reads a class tag: the class (schema and objectTag filled in), or null
+    // with objectTag holding the object reference that stood there.
+    CRuntimeClass* ReadClass(const CRuntimeClass* requested = nullptr, UINT* schema = nullptr,
+                             DWORD* objectTag = nullptr);
+    // The stored schema of the object whose Serialize is reading, once;
+    // (UINT)-1 after that.
+    UINT GetObjectSchema();
+
     CString m_strFileName;
 
 private:
+    struct Loaded {
+        bool isClass;
+        void* item; // CRuntimeClass* or CObject*
+        UINT schema;
+    };
+    // The number of a class or object already stored, or 0.
+    DWORD StoredIndex(const void* item) const;
+    void WriteTag(DWORD index, bool isClass);
+    std::unordered_map<const void*, DWORD> m_storeMap;
+    // Index 0 stands for null.
+    std::vector<Loaded> m_loadArray{Loaded{false, nullptr, 0}};
+    DWORD m_nMapCount = 1;
+    UINT m_nObjectSchema = static_cast<UINT>(-1);
+
     template <class T> CArchive& Put(T value) {
         Write(&value, sizeof value);
         return *this;
@@ -107,3 +146,11 @@ ULONGLONG AfxReadStringLength(CArchive& ar, int& charSize);
 // the bytes that arrive, so any file will do, a pipe included.
 CArchive& operator<<(CArchive& ar, const CString& text);
 CArchive& operator>>(CArchive& ar, CString& text);
+
+// A stored class's schema may differ from the class's own: the object reads
+// the schema with GetObjectSchema and loads what that version wrote.
+#define VERSIONABLE_SCHEMA (0x80000000)
+
+CArchive& operator<<(CArchive& ar, const CObject* object);
+CArchive& operator>>(CArchive& ar, CObject*& object);
+CArchive& operator>>(CArchive& ar, const CObject*& object);

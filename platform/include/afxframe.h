@@ -7,6 +7,8 @@
 #include "afxres.h"
 #include "afxwnd.h"
 
+#include <vector>
+
 // Frame styles: the title shows the active document's name, before the
 // frame's own with FWS_PREFIXTITLE.
 #define FWS_ADDTOTITLE 0x00008000L
@@ -21,6 +23,7 @@
 // A view as a frame creates it: a child with a border (a sunken edge).
 #define AFX_WS_DEFAULT_VIEW (WS_CHILD | WS_VISIBLE | WS_BORDER)
 
+class CControlBar;
 class CDocument;
 class CDocTemplate;
 class CView;
@@ -79,6 +82,31 @@ public:
     void InitialUpdateFrame(CDocument* doc, BOOL makeVisible);
     // Lays out the control bars and gives the rest to the pane.
     virtual void RecalcLayout(BOOL notify = TRUE);
+
+    // Makes dock bars along the edges named by the CBRS_ALIGN_ bits; they
+    // take their room in the order top, bottom, left, right, after the bars
+    // created before them (such as the status bar).
+    void EnableDocking(DWORD dockStyle);
+    // Docks bar in the dock bar with that id, or, for 0, at the first edge
+    // the bar may dock at (top, bottom, left, right). rect (screen
+    // coordinates) picks the row and the place in it; without one the bar
+    // starts a row of its own. A bar that may not dock there, or a frame
+    // without that dock bar, leaves the bar where it is.
+    void DockControlBar(CControlBar* bar, UINT dockBarId = 0, LPCRECT rect = nullptr);
+    // Floats bar in a small frame with a caption whose top-left corner is
+    // point (screen coordinates); style's CBRS_ALIGN_ bits give the shape it
+    // floats in (a top or bottom one lies wide). A bar without docking
+    // enabled is left where it is.
+    void FloatControlBar(CControlBar* bar, CPoint point, DWORD style = CBRS_ALIGN_TOP);
+    // Shows or hides bar (a floating one with its small frame) and lays the
+    // frame out again; the layout is done at once, whatever delay says.
+    void ShowControlBar(CControlBar* bar, BOOL show, BOOL delay);
+    // The frame's bar with this window id, or null.
+    CControlBar* GetControlBar(UINT id);
+    // Bars join the list of their frame when they are created.
+    void AddControlBar(CControlBar* bar);
+    void RemoveControlBar(CControlBar* bar);
+    std::vector<CControlBar*> m_listControlBars;
     // The caption: the frame's title with the active document's name.
     virtual void OnUpdateFrameTitle(BOOL addToTitle);
     void UpdateFrameTitleForDocument(LPCTSTR docName);
@@ -121,6 +149,8 @@ protected:
     void OnSetFocus(CWnd* oldWnd);
     // Updates the pop-up's items through the command routing.
     void OnInitMenuPopup(CMenu* popup, UINT index, BOOL sysMenu);
+    // The frame's floating bars show its activation in their captions.
+    LRESULT OnNcActivate(WPARAM wParam, LPARAM lParam);
     void BringToTop(int cmdShow);
 
     CView* m_pViewActive = nullptr;

@@ -3,6 +3,8 @@
 
 #include "afx.h"
 
+class CWnd;
+
 // A menu owned by a C++ object: the menu is destroyed with the object unless
 // it was detached. FromHandle gives the object that owns a handle, or a
 // temporary one that lives until the menu is destroyed.
@@ -37,6 +39,11 @@ public:
     CMenu* GetSubMenu(int pos) const;
     UINT EnableMenuItem(UINT item, UINT enable);
     UINT CheckMenuItem(UINT item, UINT check);
+
+    // Shows the menu as a shortcut menu at (x, y) of the screen until the
+    // user picks an item or dismisses it (TrackPopupMenu); owner gets the
+    // picked command. rect is not used.
+    BOOL TrackPopupMenu(UINT flags, int x, int y, CWnd* owner, LPCRECT rect = nullptr);
 
 private:
     CMenu(const CMenu&) = delete;

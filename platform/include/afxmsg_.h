@@ -224,6 +224,16 @@ protected:                                                                      
                       return 0;)                                                                   \
     }                                                                                              \
     ,
+// void handler(CWnd* window, CPoint screenPoint): the window the user asked
+// for a shortcut menu in, and where.
+#define ON_WM_CONTEXTMENU()                                                                        \
+    {                                                                                              \
+        WM_CONTEXTMENU, 0, 0, 0,                                                                   \
+            AFX_THUNK(self->OnContextMenu(CWnd::FromHandle(reinterpret_cast<HWND>(w)),             \
+                                          CPoint((short)LOWORD(l), (short)HIWORD(l)));             \
+                      return 0;)                                                                   \
+    }                                                                                              \
+    ,
 // void handler(BOOL activate, CWnd* activated, CWnd* deactivated), for a
 // document window of an MDI frame.
 #define ON_WM_MDIACTIVATE()                                                                        \

@@ -4,6 +4,7 @@
 
 #include "windef.h"
 
+class CArchive;
 class CObject;
 
 struct CRuntimeClass {
@@ -24,6 +25,11 @@ struct CRuntimeClass {
     static CRuntimeClass* FromName(LPCWSTR className);
     static CObject* CreateObject(LPCSTR className);
     static CObject* CreateObject(LPCWSTR className);
+
+    // The class's tag in an archive: its schema, the length of its name and
+    // the name's characters. Load gives null for a class it does not know.
+    void Store(CArchive& ar) const;
+    static CRuntimeClass* Load(CArchive& ar, UINT* schema);
 };
 
 // Adds a class to the list of the module being loaded (or the application's).
@@ -43,7 +49,10 @@ public:                                                                         
     DECLARE_DYNAMIC(class_name)                                                                    \
     static CObject* CreateObject();
 
-#define DECLARE_SERIAL(class_name) DECLARE_DYNCREATE(class_name)
+// A serializable class is created from an archive by the class it names there.
+#define DECLARE_SERIAL(class_name)                                                                 \
+    DECLARE_DYNCREATE(class_name)                                                                  \
+    friend CArchive& operator>>(CArchive& ar, class_name*& object);
 
 #define IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, wSchema, pfnNew)                       \
     CRuntimeClass class_name::class##class_name = {                                                \
@@ -71,7 +80,11 @@ public:                                                                         
         return new class_name;                                                                     \
     }                                                                                              \
     IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, wSchema, class_name::CreateObject)         \
-    static const AFX_CLASSINIT _init_##class_name(RUNTIME_CLASS(class_name));
+    static const AFX_CLASSINIT _init_##class_name(RUNTIME_CLASS(class_name));                      \
+    CArchive& operator>>(CArchive& ar, class_name*& object) {                                      \
+        object = static_cast<class_name*>(ar.ReadObject(RUNTIME_CLASS(class_name)));               \
+        return ar;                                                                                 \
+    }
 
 // The object as a pointer to class when it is one (IsKindOf), else null.
 CObject* AfxDynamicDownCast(CRuntimeClass* runtimeClass, CObject* object);

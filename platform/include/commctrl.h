@@ -393,4 +393,34 @@ typedef struct tagTCHITTESTINFO {
 #define TCN_SELCHANGE (TCN_FIRST - 1)
 #define TCN_SELCHANGING (TCN_FIRST - 2)
 
+// Common control styles: where a bar sits in its parent.
+#define CCS_TOP 0x00000001L
+#define CCS_NOMOVEY 0x00000002L
+#define CCS_BOTTOM 0x00000003L
+#define CCS_NORESIZE 0x00000004L
+#define CCS_NOPARENTALIGN 0x00000008L
+#define CCS_NODIVIDER 0x00000040L
+
+// The status bar: a row of parts (panes) along the bottom of a window, each
+// with a text. SB_SETPARTS takes the parts' right edges in client
+// coordinates (-1 for one that reaches the right end); a part's text is set
+// and read with its index in the low byte of wParam, and an SBT_ drawing type
+// in the high byte of the low word. SB_GETTEXT and SB_GETTEXTLENGTH answer
+// the length in the low word and the type in the high word.
+#define STATUSCLASSNAMEW u"msctls_statusbar32"
+#define STATUSCLASSNAME STATUSCLASSNAMEW
+#define SBARS_SIZEGRIP 0x0100
+#define SBT_NOBORDERS 0x0100
+#define SBT_POPOUT 0x0200
+#define SB_SETTEXTW (WM_USER + 11)
+#define SB_GETTEXTW (WM_USER + 13)
+#define SB_GETTEXTLENGTHW (WM_USER + 12)
+#define SB_SETTEXT SB_SETTEXTW
+#define SB_GETTEXT SB_GETTEXTW
+#define SB_GETTEXTLENGTH SB_GETTEXTLENGTHW
+#define SB_SETPARTS (WM_USER + 4)
+#define SB_GETPARTS (WM_USER + 6)
+#define SB_GETBORDERS (WM_USER + 7)
+#define SB_GETRECT (WM_USER + 10)
+
 #include "prsht.h"

@@ -105,6 +105,7 @@ void SetLastError(DWORD error);
 #define ERROR_INVALID_MENU_HANDLE 1401
 #define ERROR_RESOURCE_NAME_NOT_FOUND 1814
 #define ERROR_CLIPBOARD_NOT_OPEN 1418
+#define ERROR_POPUP_ALREADY_ACTIVE 1446
 
 // Gives up the rest of the thread's time slice (0) or waits the milliseconds.
 void Sleep(DWORD milliseconds);

@@ -98,6 +98,30 @@ BOOL SetMenu(HWND hwnd, HMENU menu);
 HMENU GetMenu(HWND hwnd);
 BOOL DrawMenuBar(HWND hwnd);
 
+// Shortcut menus. TrackPopupMenu shows menu at (x, y) of the screen, aligned
+// as the TPM_ flags say and kept on the screen, and runs its own loop until
+// the user picks an item or dismisses it (Escape, or a click elsewhere).
+// The owner gets WM_ENTERMENULOOP, WM_INITMENUPOPUP (it may change the items
+// then) and WM_EXITMENULOOP. With TPM_RETURNCMD the picked command comes back
+// (0 when none); otherwise it is posted to the owner as WM_COMMAND and the
+// result is TRUE. FALSE, or 0, for an unknown menu or owner
+// (ERROR_INVALID_MENU_HANDLE, ERROR_INVALID_WINDOW_HANDLE), while another
+// shortcut menu is open (ERROR_POPUP_ALREADY_ACTIVE), and for a menu without
+// items, which shows nothing. Items that open pop-ups of their own are shown
+// but cannot be picked. reserved and rect are not used.
+#define TPM_LEFTBUTTON 0x0000L
+#define TPM_RIGHTBUTTON 0x0002L
+#define TPM_LEFTALIGN 0x0000L
+#define TPM_CENTERALIGN 0x0004L
+#define TPM_RIGHTALIGN 0x0008L
+#define TPM_TOPALIGN 0x0000L
+#define TPM_VCENTERALIGN 0x0010L
+#define TPM_BOTTOMALIGN 0x0020L
+#define TPM_NONOTIFY 0x0080L
+#define TPM_RETURNCMD 0x0100L
+BOOL TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int reserved, HWND owner,
+                    const RECT* rect);
+
 // Accelerator tables.
 typedef struct tagACCEL {
     BYTE fVirt;

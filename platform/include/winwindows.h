@@ -125,6 +125,12 @@ BOOL IsWindow(HWND hwnd);
 HWND GetParent(HWND hwnd);
 HWND GetDesktopWindow();
 BOOL IsChild(HWND parent, HWND hwnd);
+// Moves a child window, with its descendants, into another parent window; its
+// rectangle keeps its numbers, now in the new parent's client coordinates,
+// and it goes to the bottom of the new siblings' z-order. Returns the old
+// parent; NULL (ERROR_INVALID_PARAMETER) for a window that is not a child,
+// a parent that is not a window, or a parent inside the window itself.
+HWND SetParent(HWND child, HWND newParent);
 int GetDlgCtrlID(HWND hwnd);
 
 BOOL GetClientRect(HWND hwnd, LPRECT rect);

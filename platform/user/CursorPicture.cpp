@@ -54,11 +54,13 @@ void Beam(cairo_t* cr, int x, int y) {
 
 } // namespace
 
-void DrawCursor(cairo_surface_t* desktop) {
+void DrawCursor(cairo_surface_t* desktop, POINT origin) {
     HCURSOR cursor = GetCursor();
     POINT at{};
     if (!cursor || !GetCursorPos(&at))
         return;
+    at.x -= origin.x;
+    at.y -= origin.y;
     cairo_t* cr = cairo_create(desktop);
     cairo_set_antialias(cr, CAIRO_ANTIALIAS_NONE);
     switch (CursorId(cursor)) {

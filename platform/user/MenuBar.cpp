@@ -17,18 +17,6 @@ namespace {
 constexpr int kItemPadding = 7;
 constexpr int kChildButtonWidth = 28;
 
-HFONT MenuFont() {
-    static HFONT font = [] {
-        LOGFONTW lf{};
-        lf.lfHeight = -12;
-        lf.lfWeight = FW_NORMAL;
-        const char16_t face[] = u"Segoe UI";
-        std::copy(std::begin(face), std::end(face), lf.lfFaceName);
-        return CreateFontIndirect(&lf);
-    }();
-    return font;
-}
-
 void Stroke(HDC hdc, int x0, int y0, int x1, int y1, COLORREF color) {
     HPEN pen = CreatePen(PS_SOLID, 1, color);
     HGDIOBJ old = SelectObject(hdc, pen);
@@ -61,6 +49,18 @@ void PaintChildButtons(HDC hdc, const RECT& bar) {
 }
 
 } // namespace
+
+HFONT MenuFont() {
+    static HFONT font = [] {
+        LOGFONTW lf{};
+        lf.lfHeight = -12;
+        lf.lfWeight = FW_NORMAL;
+        const char16_t face[] = u"Segoe UI";
+        std::copy(std::begin(face), std::end(face), lf.lfFaceName);
+        return CreateFontIndirect(&lf);
+    }();
+    return font;
+}
 
 std::vector<HWND> WindowsWithMenu(HMENU menu) {
     std::vector<HWND> found;

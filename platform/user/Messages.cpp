@@ -88,6 +88,19 @@ LRESULT DefWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CLOSE:
         DestroyWindow(hwnd);
         return 0;
+    case WM_RBUTTONUP: {
+        // Releasing the right button asks for the window's shortcut menu,
+        // at the mouse position on the screen.
+        POINT at{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+        ClientToScreen(hwnd, &at);
+        SendMessage(hwnd, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(hwnd), MAKELPARAM(at.x, at.y));
+        return 0;
+    }
+    case WM_CONTEXTMENU:
+        // A child that shows no menu of its own lets its parent show one.
+        if ((window->style & WS_CHILD) && window->parent)
+            return SendMessage(window->parent->handle, message, wParam, lParam);
+        return 0;
     case WM_SETTEXT:
         window->text = lParam ? reinterpret_cast<LPCWSTR>(lParam) : u"";
         // The caption shows the text.

@@ -116,9 +116,18 @@ bool SaveWindowAsPng(HWND hwnd, const std::string& path) {
 }
 
 bool SaveDesktopAsPng(const std::string& path) {
+    Window* desktop = WindowManager::Instance().Desktop();
+    return SaveDesktopAreaAsPng(RECT{0, 0, desktop->Width(), desktop->Height()}, path);
+}
+
+bool SaveDesktopAreaAsPng(const RECT& area, const std::string& path) {
     WindowManager& manager = WindowManager::Instance();
     Window* desktop = manager.Desktop();
-    cairo_surface_t* surface = NewSurface(desktop->Width(), desktop->Height());
+    const RECT screen{0, 0, desktop->Width(), desktop->Height()};
+    const RECT cut = user::Intersect(area, screen);
+    if (user::IsEmpty(cut))
+        return false;
+    cairo_surface_t* surface = NewSurface(cut.right - cut.left, cut.bottom - cut.top);
     // The z-order lists the topmost first.
     std::vector<HWND> windows;
     for (auto it = manager.TopLevel().rbegin(); it != manager.TopLevel().rend(); ++it)
@@ -127,9 +136,9 @@ bool SaveDesktopAsPng(const std::string& path) {
     for (HWND hwnd : windows) {
         Window* window = manager.Find(hwnd);
         if (window)
-            Picture(window, surface, POINT{0, 0});
+            Picture(window, surface, POINT{cut.left, cut.top});
     }
-    user::DrawCursor(surface);
+    user::DrawCursor(surface, POINT{cut.left, cut.top});
     return Write(surface, path);
 }
 

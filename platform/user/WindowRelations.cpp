@@ -2,6 +2,8 @@
 // values kept in a window's slots.
 #include "WindowManager.h"
 
+#include <winbase.h>
+
 #include <algorithm>
 
 using platform::user::Window;
@@ -132,4 +134,34 @@ HWND GetLastActivePopup(HWND hwnd) {
         return active;
     HWND popup = GetWindow(hwnd, GW_ENABLEDPOPUP);
     return popup ? popup : hwnd;
+}
+
+HWND SetParent(HWND hwnd, HWND newParent) {
+    Window* window = Manager().Find(hwnd);
+    Window* parent = Manager().Find(newParent);
+    if (!window || !parent || !(window->style & WS_CHILD) || !window->parent ||
+        parent == Manager().Desktop()) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    // A window cannot go inside itself.
+    for (Window* up = parent; up; up = up->parent)
+        if (up == window) {
+            SetLastError(ERROR_INVALID_PARAMETER);
+            return nullptr;
+        }
+    Window* old = window->parent;
+    if (old == parent)
+        return old->handle;
+    if (window->visible)
+        InvalidateRect(old->handle, &window->rect, TRUE);
+    auto& siblings = old->children;
+    siblings.erase(std::find(siblings.begin(), siblings.end(), window));
+    parent->children.push_back(window);
+    window->parent = parent;
+    if (window->visible) {
+        window->ncDirty = window->HasFrame();
+        InvalidateRect(hwnd, nullptr, TRUE);
+    }
+    return old->handle;
 }

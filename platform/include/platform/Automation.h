@@ -171,3 +171,33 @@ namespace platform::automation {
 void ClickPreviewButton(UINT command);
 
 } // namespace platform::automation
+
+// Shortcut menus (TrackPopupMenu) and the right mouse button.
+namespace platform::automation {
+
+// A right click at a point of a window's client area: the press and the
+// release, after which the window is asked for its shortcut menu
+// (WM_CONTEXTMENU). A window that is hidden or disabled cannot be clicked:
+// the attempt is recorded and nothing happens.
+void RightClickAt(HWND hwnd, POINT client);
+// Picks the item with this command in the open shortcut menu as a user does:
+// the mouse moves onto the item and clicks it. Without an open menu, or for
+// a missing or greyed item, the attempt is recorded and nothing happens.
+void PickPopupMenuItem(UINT command);
+// Closes the open shortcut menu without a pick, as Escape does.
+void DismissPopupMenu();
+
+struct PopupMenuItemView {
+    std::u16string text; // with its '&' and '\t' as the menu holds it
+    UINT command = 0;    // 0 for a separator or an item that opens a pop-up
+    UINT flags = 0;      // MF_ bits
+};
+struct PopupMenuView {
+    HWND window = nullptr;
+    RECT rect{}; // the menu's window on the screen
+    std::vector<PopupMenuItemView> items;
+};
+// Reads the open shortcut menu; false when none is open.
+bool ReadPopupMenu(PopupMenuView* view);
+
+} // namespace platform::automation

@@ -20,4 +20,10 @@ bool SaveWindowAsPng(HWND hwnd, const std::string& path);
 // False when the path cannot be written.
 bool SaveDesktopAsPng(const std::string& path);
 
+// The same for a part of the desktop (screen coordinates, cut to the
+// screen): what a person sees there, windows lying above others included,
+// such as a shortcut menu or a floating bar over its frame. False for an
+// area off the screen or a path that cannot be written.
+bool SaveDesktopAreaAsPng(const RECT& area, const std::string& path);
+
 } // namespace platform

@@ -14,6 +14,7 @@ LRESULT ListViewClassProc(HWND, UINT, WPARAM, LPARAM);
 LRESULT EditClassProc(HWND, UINT, WPARAM, LPARAM);
 LRESULT ComboBoxClassProc(HWND, UINT, WPARAM, LPARAM);
 LRESULT TabControlClassProc(HWND, UINT, WPARAM, LPARAM);
+LRESULT StatusBarClassProc(HWND, UINT, WPARAM, LPARAM);
 
 void RegisterSystemClasses() {
     static bool registered = false;
@@ -29,7 +30,8 @@ void RegisterSystemClasses() {
                     {WC_LISTVIEWW, ListViewClassProc},
                     {u"EDIT", EditClassProc},
                     {u"COMBOBOX", ComboBoxClassProc},
-                    {WC_TABCONTROLW, TabControlClassProc}};
+                    {WC_TABCONTROLW, TabControlClassProc},
+                    {STATUSCLASSNAMEW, StatusBarClassProc}};
     for (const auto& entry : kClasses) {
         WNDCLASS wc{};
         wc.lpfnWndProc = entry.proc;

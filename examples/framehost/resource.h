@@ -1,0 +1,26 @@
+//{{NO_DEPENDENCIES}}
+// Resource ids of the frame host.
+//
+#define IDR_MAINFRAME 128
+#define IDS_READY 129
+#define IDS_INDICATOR_CAPS 130
+#define IDS_INDICATOR_NUM 131
+#define IDS_DOCKINGBAR_DOCK 689
+#define IDS_DOCKINGBAR_FLOAT 690
+#define IDS_DOCKINGBAR_HIDE 691
+#define ID_VIEW_TOOLBOX 32771
+#define ID_VIEW_STATUS_BAR_TEXT 32772
+#define ID_TOOLBOX_SORT 32773
+#define IDC_TASKS 1001
+#define IDC_TOOLS 1002
+
+// Next default values for new objects
+//
+#ifdef APSTUDIO_INVOKED
+#ifndef APSTUDIO_READONLY_SYMBOLS
+#define _APS_NEXT_RESOURCE_VALUE 132
+#define _APS_NEXT_COMMAND_VALUE 32774
+#define _APS_NEXT_CONTROL_VALUE 1003
+#define _APS_NEXT_SYMED_VALUE 101
+#endif
+#endif
