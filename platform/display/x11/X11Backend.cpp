@@ -189,10 +189,13 @@ void X11Backend::SyncWindow(HWND hwnd, Shown& shown) {
                                        static_cast<uint32_t>(shown.rect.top),
                                        static_cast<uint32_t>(Width(shown.rect)),
                                        static_cast<uint32_t>(Height(shown.rect))};
-            xcb_configure_window(m_connection, shown.id,
-                                 XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y |
-                                     XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
-                                 values);
+            const xcb_void_cookie_t cookie =
+                xcb_configure_window(m_connection, shown.id,
+                                     XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y |
+                                         XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
+                                     values);
+            shown.configureSequence = static_cast<uint16_t>(cookie.sequence);
+            shown.configured = true;
             shown.sent.clear();
         }
         // Where the program put the window and how big: the window manager
@@ -310,13 +313,15 @@ void X11Backend::Update() {
         }
         it = next;
     }
-    // Owners first (creation order), so an owned window finds its owner's X
-    // window.
+    // Every shown window has its X window before any is synced, so an owned
+    // window finds its owner's.
+    for (user::Window* window : manager.TopLevel())
+        if (manager.IsShown(window) && !window->destroying && !m_shown.count(window->handle))
+            Create(window->handle);
     for (user::Window* window : manager.TopLevel()) {
         if (!manager.IsShown(window) || window->destroying)
             continue;
-        auto it = m_shown.find(window->handle);
-        Shown& shown = it == m_shown.end() ? Create(window->handle) : it->second;
+        Shown& shown = m_shown[window->handle];
         SyncWindow(window->handle, shown);
         SendPixels(shown);
     }

@@ -30,6 +30,10 @@ private:
         std::u16string title;
         HWND owner = nullptr;
         bool mapped = false;
+        // The sequence number of the last move or resize asked of the
+        // display: notices older than it describe a size already replaced.
+        uint16_t configureSequence = 0;
+        bool configured = false;
         // The pixels the X window holds, as last sent; empty forces a resend.
         std::vector<uint32_t> sent;
     };

@@ -135,6 +135,9 @@ void X11Backend::HandleConfigure(xcb_configure_notify_event_t* event) {
     if (!hwnd)
         return;
     Shown& shown = m_shown[hwnd];
+    if (shown.configured &&
+        static_cast<int16_t>(static_cast<uint16_t>(event->sequence - shown.configureSequence)) < 0)
+        return;
     RECT wanted = shown.rect;
     wanted.right = wanted.left + event->width;
     wanted.bottom = wanted.top + event->height;
