@@ -32,13 +32,8 @@ State& Current() {
 }
 
 void PostKey(UINT vk, WCHAR ch) {
-    HWND target = GetFocus();
-    if (!target)
-        target = GetActiveWindow();
-    if (!target)
-        return;
-    PostMessage(target, WM_KEYDOWN, vk, platform::user::KeyDownParam(vk, ch));
-    PostMessage(target, WM_KEYUP, vk, platform::user::KeyUpParam(vk, ch));
+    if (platform::user::PostKeyToFocus(true, vk, ch))
+        platform::user::PostKeyToFocus(false, vk, ch);
 }
 
 // The key and its modifiers, as the keyboard sends them: modifier down, key

@@ -104,6 +104,19 @@ LPARAM KeyUpParam(UINT vk, WCHAR ch) {
     return static_cast<LPARAM>(KeyDownParam(vk, ch) | 0xC0000000u);
 }
 
+bool PostKeyToFocus(bool down, UINT vk, WCHAR ch) {
+    HWND target = GetFocus();
+    if (!target)
+        target = GetActiveWindow();
+    if (!target)
+        return false;
+    if (down)
+        PostMessage(target, WM_KEYDOWN, vk, KeyDownParam(vk, ch));
+    else
+        PostMessage(target, WM_KEYUP, vk, KeyUpParam(vk, ch));
+    return true;
+}
+
 void NoteKeyMessage(const MSG& msg) {
     if (msg.message != WM_KEYDOWN && msg.message != WM_KEYUP)
         return;

@@ -24,6 +24,10 @@ KeyStroke StrokeFor(WCHAR ch);
 LPARAM KeyDownParam(UINT vk, WCHAR ch);
 LPARAM KeyUpParam(UINT vk, WCHAR ch);
 
+// Posts a key going down or up to the window with the focus, else the active
+// window, as the keyboard does. False when no window takes keys.
+bool PostKeyToFocus(bool down, UINT vk, WCHAR ch);
+
 // Records a retrieved key message in the key state table.
 void NoteKeyMessage(const MSG& msg);
 

@@ -3,6 +3,7 @@
 #include "WindowManager.h"
 
 #include "Keyboard.h"
+#include "display/Backend.h"
 
 #include <platform/Automation.h>
 #include <platform/MessagePump.h>
@@ -231,7 +232,9 @@ bool RunIdle() {
     if (automation::RunNext())
         return true;
     auto& idle = IdleHandler();
-    return idle && idle();
+    if (idle && idle())
+        return true;
+    return display::WaitInMessageLoop();
 }
 
 } // namespace platform

@@ -1,0 +1,71 @@
+// The desktop on an X11 display: each shown top-level window is an X window
+// holding a copy of that window's pixels on the desktop surface, sent with
+// plain PutImage requests; the display's input becomes messages.
+#pragma once
+
+#include "display/Backend.h"
+
+#include <xcb/xcb.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace platform::display::x11 {
+
+class X11Backend final : public Backend {
+public:
+    static std::unique_ptr<Backend> Connect(const char* name, std::string* error);
+    ~X11Backend() override;
+
+    int Descriptor() const override;
+    void Update() override;
+    bool ProcessInput() override;
+    unsigned WindowOf(HWND hwnd) const override;
+
+private:
+    struct Shown {
+        xcb_window_t id = 0;
+        RECT rect{};
+        std::u16string title;
+        HWND owner = nullptr;
+        bool mapped = false;
+        // The sequence number of the last move or resize asked of the
+        // display: notices older than it describe a size already replaced.
+        uint16_t configureSequence = 0;
+        bool configured = false;
+        // The pixels the X window holds, as last sent; empty forces a resend.
+        std::vector<uint32_t> sent;
+    };
+
+    X11Backend(xcb_connection_t* connection, xcb_screen_t* screen);
+    bool CheckFormat(std::string* error) const;
+    xcb_atom_t Atom(const char* name);
+    void LoadKeyboardMapping();
+
+    Shown& Create(HWND hwnd);
+    void SyncWindow(HWND hwnd, Shown& shown);
+    void SendPixels(Shown& shown);
+    void Forget(std::map<HWND, Shown>::iterator it);
+
+    HWND FindByWindow(xcb_window_t id) const;
+    void Handle(xcb_generic_event_t* event);
+    void HandleKey(xcb_key_press_event_t* event, bool down);
+    void HandleConfigure(xcb_configure_notify_event_t* event);
+    void HandleExpose(xcb_expose_event_t* event);
+
+    xcb_connection_t* m_connection;
+    xcb_screen_t* m_screen;
+    xcb_gcontext_t m_gc = 0;
+    std::map<HWND, Shown> m_shown;
+    xcb_atom_t m_protocols = 0;
+    xcb_atom_t m_deleteWindow = 0;
+    xcb_atom_t m_netName = 0;
+    xcb_atom_t m_utf8 = 0;
+    uint32_t m_maxRequestBytes = 0;
+    uint8_t m_minKeycode = 0;
+    uint8_t m_keysymsPerKeycode = 0;
+    std::vector<uint32_t> m_keysyms;
+};
+
+} // namespace platform::display::x11

@@ -1,0 +1,160 @@
+// The display's events as the window system's messages: keys to the focus,
+// buttons and motion to the window under the pointer, exposure and resizing
+// through invalidation and WM_SIZE, the window manager's close as WM_CLOSE.
+#include "display/x11/KeySyms.h"
+#include "display/x11/X11Backend.h"
+
+#include "user/Keyboard.h"
+#include "user/PointerInput.h"
+#include "user/WindowManager.h"
+
+#include <cstdlib>
+
+namespace platform::display::x11 {
+namespace {
+
+constexpr uint16_t kShiftMask = XCB_MOD_MASK_SHIFT;
+constexpr uint16_t kControlMask = XCB_MOD_MASK_CONTROL;
+
+} // namespace
+
+bool X11Backend::ProcessInput() {
+    while (xcb_generic_event_t* event = xcb_poll_for_event(m_connection)) {
+        Handle(event);
+        free(event);
+    }
+    return !xcb_connection_has_error(m_connection);
+}
+
+void X11Backend::Handle(xcb_generic_event_t* event) {
+    const uint8_t type = event->response_type & 0x7F;
+    switch (type) {
+    case XCB_KEY_PRESS:
+        HandleKey(reinterpret_cast<xcb_key_press_event_t*>(event), true);
+        break;
+    case XCB_KEY_RELEASE:
+        HandleKey(reinterpret_cast<xcb_key_press_event_t*>(event), false);
+        break;
+    case XCB_BUTTON_PRESS:
+    case XCB_BUTTON_RELEASE: {
+        auto* button = reinterpret_cast<xcb_button_press_event_t*>(event);
+        // Buttons 4 and up are the wheel and extra buttons.
+        if (button->detail != 1 && button->detail != 3)
+            break;
+        HWND hwnd = FindByWindow(button->event);
+        if (!hwnd)
+            break;
+        const RECT& rect = m_shown[hwnd].rect;
+        POINT desktop{rect.left + button->event_x, rect.top + button->event_y};
+        user::PostButton(hwnd, desktop,
+                         button->detail == 1 ? user::MouseButton::Left : user::MouseButton::Right,
+                         type == XCB_BUTTON_PRESS, button->state & kShiftMask,
+                         button->state & kControlMask, button->time);
+        break;
+    }
+    case XCB_MOTION_NOTIFY: {
+        auto* motion = reinterpret_cast<xcb_motion_notify_event_t*>(event);
+        HWND hwnd = FindByWindow(motion->event);
+        if (!hwnd)
+            break;
+        const RECT& rect = m_shown[hwnd].rect;
+        user::PostMove(hwnd, POINT{rect.left + motion->event_x, rect.top + motion->event_y},
+                       motion->state & XCB_BUTTON_MASK_1, motion->state & XCB_BUTTON_MASK_3);
+        break;
+    }
+    case XCB_EXPOSE:
+        HandleExpose(reinterpret_cast<xcb_expose_event_t*>(event));
+        break;
+    case XCB_CONFIGURE_NOTIFY:
+        HandleConfigure(reinterpret_cast<xcb_configure_notify_event_t*>(event));
+        break;
+    case XCB_FOCUS_IN: {
+        // The window manager gave a window the focus: it becomes the active
+        // one, unless a modal dialog has disabled it.
+        HWND hwnd = FindByWindow(reinterpret_cast<xcb_focus_in_event_t*>(event)->event);
+        if (hwnd && IsWindowEnabled(hwnd) && GetActiveWindow() != hwnd)
+            SetActiveWindow(hwnd);
+        break;
+    }
+    case XCB_CLIENT_MESSAGE: {
+        auto* message = reinterpret_cast<xcb_client_message_event_t*>(event);
+        HWND hwnd = FindByWindow(message->window);
+        if (hwnd && message->type == m_protocols && message->format == 32 &&
+            message->data.data32[0] == m_deleteWindow && IsWindowEnabled(hwnd))
+            PostMessage(hwnd, WM_CLOSE, 0, 0);
+        break;
+    }
+    case XCB_MAPPING_NOTIFY:
+        LoadKeyboardMapping();
+        break;
+    default:
+        break;
+    }
+}
+
+void X11Backend::HandleKey(xcb_key_press_event_t* event, bool down) {
+    if (!m_keysymsPerKeycode || event->detail < m_minKeycode)
+        return;
+    const std::size_t base =
+        static_cast<std::size_t>(event->detail - m_minKeycode) * m_keysymsPerKeycode;
+    if (base >= m_keysyms.size())
+        return;
+    // The first column is the unshifted symbol, the second the shifted one;
+    // a key with one symbol (a letter) shifts by case.
+    uint32_t keysym = m_keysyms[base];
+    if ((event->state & kShiftMask) && m_keysymsPerKeycode > 1 && m_keysyms[base + 1])
+        keysym = m_keysyms[base + 1];
+    UINT vk = VirtualKeyFor(keysym);
+    if (!vk)
+        return;
+    user::PostKeyToFocus(down, vk, CharacterFor(keysym));
+}
+
+void X11Backend::HandleExpose(xcb_expose_event_t* event) {
+    HWND hwnd = FindByWindow(event->window);
+    if (!hwnd)
+        return;
+    // The server lost the window's contents: send all of it again, and have
+    // the exposed part painted afresh.
+    m_shown[hwnd].sent.clear();
+    user::Window* window = user::WindowManager::Instance().Find(hwnd);
+    if (!window)
+        return;
+    RECT exposed{event->x - window->frame.left, event->y - window->frame.top,
+                 event->x + event->width - window->frame.left,
+                 event->y + event->height - window->frame.top};
+    InvalidateRect(hwnd, &exposed, TRUE);
+    if (event->x < window->frame.left || event->y < window->frame.top ||
+        event->x + event->width > window->rect.right - window->rect.left - window->frame.right ||
+        event->y + event->height > window->rect.bottom - window->rect.top - window->frame.bottom)
+        user::RedrawFrame(window);
+}
+
+void X11Backend::HandleConfigure(xcb_configure_notify_event_t* event) {
+    HWND hwnd = FindByWindow(event->window);
+    if (!hwnd)
+        return;
+    Shown& shown = m_shown[hwnd];
+    if (shown.configured &&
+        static_cast<int16_t>(static_cast<uint16_t>(event->sequence - shown.configureSequence)) < 0)
+        return;
+    RECT wanted = shown.rect;
+    wanted.right = wanted.left + event->width;
+    wanted.bottom = wanted.top + event->height;
+    // Only a synthetic notice (from the window manager) carries the position
+    // on the root window; a real one is relative to the manager's frame.
+    if (event->response_type & 0x80) {
+        wanted = RECT{event->x, event->y, event->x + event->width, event->y + event->height};
+    }
+    user::Window* window = user::WindowManager::Instance().Find(hwnd);
+    if (!window || (wanted.left == window->rect.left && wanted.top == window->rect.top &&
+                    wanted.right == window->rect.right && wanted.bottom == window->rect.bottom))
+        return;
+    // What the display already shows needs no configure request back.
+    shown.rect = wanted;
+    shown.sent.clear();
+    SetWindowPos(hwnd, nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
+                 wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+} // namespace platform::display::x11

@@ -1,0 +1,26 @@
+// Mouse buttons and movement from a real pointer, delivered as the headless
+// automation delivers its clicks: to the window under the pointer (or the one
+// that captured the mouse), in its client coordinates. Internal to the
+// platform.
+#pragma once
+
+#include <windows.h>
+
+namespace platform::user {
+
+enum class MouseButton : unsigned char { Left, Right };
+
+// The deepest shown, enabled window under a desktop point inside top, or
+// top itself; null when the point is outside top.
+HWND WindowUnderPoint(HWND top, POINT desktop);
+
+// A button going down or up at a desktop point inside top. time is in
+// milliseconds on the pointer's own clock; a second press of the left button
+// soon after the first, near it, on a window whose class asks for double
+// clicks, becomes WM_LBUTTONDBLCLK.
+void PostButton(HWND top, POINT desktop, MouseButton button, bool down, bool shift, bool control,
+                unsigned time);
+// The pointer moving to a desktop point inside top.
+void PostMove(HWND top, POINT desktop, bool leftDown, bool rightDown);
+
+} // namespace platform::user

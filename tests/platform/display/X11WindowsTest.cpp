@@ -1,0 +1,198 @@
+// Top-level windows of a program's own classes on a private X server: the
+// mouse's buttons and double clicks, resizing from the display, and owned
+// windows kept above their owners.
+#ifdef WIN_TEST_HAVE_XCB
+#include "XvfbServer.h"
+
+#include <platform/Display.h>
+#include <platform/MessagePump.h>
+#include <windows.h>
+
+#include <gtest/gtest.h>
+#include <xcb/xcb.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr UINT kClassDoubleClicks = 0x0008; // CS_DBLCLKS
+
+struct Seen {
+    UINT message;
+    int x;
+    int y;
+};
+
+std::vector<Seen> g_seen;
+std::vector<std::pair<int, int>> g_sizes;
+
+LRESULT RecordingWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONUP:
+        g_seen.push_back(
+            Seen{message, static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
+        return 0;
+    case WM_SIZE:
+        g_sizes.emplace_back(LOWORD(lParam), HIWORD(lParam));
+        return 0;
+    default:
+        return DefWindowProc(hwnd, message, wParam, lParam);
+    }
+}
+
+class X11WindowsTest : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!testing_support::XvfbServer::Installed())
+            GTEST_SKIP() << "Xvfb is not installed";
+        server = std::make_unique<testing_support::XvfbServer>();
+        ASSERT_FALSE(server->Name().empty()) << "Xvfb did not start";
+        std::string error;
+        ASSERT_TRUE(platform::display::OpenX11(server->Name().c_str(), &error)) << error;
+        probe = xcb_connect(server->Name().c_str(), nullptr);
+        ASSERT_FALSE(xcb_connection_has_error(probe));
+        WNDCLASS wc{};
+        wc.style = kClassDoubleClicks;
+        wc.lpfnWndProc = RecordingWindowProc;
+        wc.lpszClassName = u"X11Recording";
+        wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+        RegisterClass(&wc);
+        g_seen.clear();
+        g_sizes.clear();
+    }
+
+    void TearDown() override {
+        for (HWND hwnd : windows)
+            if (IsWindow(hwnd))
+                DestroyWindow(hwnd);
+        platform::display::Close();
+        if (probe)
+            xcb_disconnect(probe);
+    }
+
+    HWND Open(const char16_t* title, int x, int y, int width, int height, HWND owner) {
+        HWND hwnd = CreateWindowEx(0, u"X11Recording", title,
+                                   WS_OVERLAPPED | WS_CAPTION | WS_THICKFRAME | WS_VISIBLE, x, y,
+                                   width, height, owner, nullptr, nullptr, nullptr);
+        windows.push_back(hwnd);
+        return hwnd;
+    }
+
+    bool RunUntil(const std::function<bool()>& done) {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+        while (std::chrono::steady_clock::now() < deadline) {
+            MSG msg;
+            while (PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE)) {
+                TranslateMessage(&msg);
+                DispatchMessage(&msg);
+            }
+            platform::display::Update();
+            if (done())
+                return true;
+            if (!platform::display::WaitForInput(20))
+                return done();
+        }
+        return false;
+    }
+
+    int Run(const std::string& command) {
+        return testing_support::RunOnDisplay(server->Name(), command);
+    }
+
+    std::unique_ptr<testing_support::XvfbServer> server;
+    xcb_connection_t* probe = nullptr;
+    std::vector<HWND> windows;
+};
+
+TEST_F(X11WindowsTest, ButtonsAndDoubleClicksArriveInClientCoordinates) {
+    if (Run("xdotool version") != 0)
+        GTEST_SKIP() << "xdotool is not installed";
+    HWND hwnd = Open(u"Mouse", 40, 30, 300, 200, nullptr);
+    ASSERT_TRUE(RunUntil([&] { return platform::display::XWindowOf(hwnd) != 0; }));
+    const std::string window = std::to_string(platform::display::XWindowOf(hwnd));
+    POINT origin{0, 0};
+    ClientToScreen(hwnd, &origin);
+    // 50,40 inside the client area, given in the X window's coordinates.
+    const std::string at =
+        std::to_string(origin.x - 40 + 50) + " " + std::to_string(origin.y - 30 + 40);
+    ASSERT_EQ(Run("xdotool mousemove --window " + window + " " + at +
+                  " click 3 click --repeat 2 --delay 50 1"),
+              0);
+    ASSERT_TRUE(RunUntil([] { return g_seen.size() >= 6; }));
+    const UINT expected[] = {WM_RBUTTONDOWN, WM_RBUTTONUP,     WM_LBUTTONDOWN,
+                             WM_LBUTTONUP,   WM_LBUTTONDBLCLK, WM_LBUTTONUP};
+    ASSERT_EQ(g_seen.size(), 6u);
+    for (std::size_t i = 0; i < 6; ++i) {
+        EXPECT_EQ(g_seen[i].message, expected[i]) << i;
+        EXPECT_EQ(g_seen[i].x, 50) << i;
+        EXPECT_EQ(g_seen[i].y, 40) << i;
+    }
+    POINT cursor;
+    GetCursorPos(&cursor);
+    EXPECT_EQ(cursor.x, origin.x + 50);
+    EXPECT_EQ(cursor.y, origin.y + 40);
+}
+
+TEST_F(X11WindowsTest, ResizingOnTheDisplayResizesTheWindowThroughWmSize) {
+    HWND hwnd = Open(u"Sized", 10, 10, 200, 150, nullptr);
+    ASSERT_TRUE(RunUntil([&] { return platform::display::XWindowOf(hwnd) != 0; }));
+    g_sizes.clear();
+    const uint32_t size[] = {320, 240};
+    xcb_configure_window(probe, platform::display::XWindowOf(hwnd),
+                         XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size);
+    xcb_flush(probe);
+    ASSERT_TRUE(RunUntil([] { return !g_sizes.empty(); }));
+    RECT rect, client;
+    GetWindowRect(hwnd, &rect);
+    GetClientRect(hwnd, &client);
+    EXPECT_EQ(rect.right - rect.left, 320);
+    EXPECT_EQ(rect.bottom - rect.top, 240);
+    EXPECT_EQ(g_sizes.back().first, client.right);
+    EXPECT_EQ(g_sizes.back().second, client.bottom);
+    // The program's own resize goes the other way, to the display.
+    SetWindowPos(hwnd, nullptr, 0, 0, 260, 180, SWP_NOMOVE | SWP_NOZORDER);
+    ASSERT_TRUE(RunUntil([&] {
+        xcb_get_geometry_reply_t* g = xcb_get_geometry_reply(
+            probe, xcb_get_geometry(probe, platform::display::XWindowOf(hwnd)), nullptr);
+        const bool done = g && g->width == 260 && g->height == 180;
+        free(g);
+        return done;
+    }));
+}
+
+TEST_F(X11WindowsTest, OwnedWindowsAreTransientForTheirOwnerAndHiddenOnesUnmapped) {
+    HWND owner = Open(u"Owner", 10, 10, 400, 300, nullptr);
+    HWND owned = Open(u"Owned", 60, 60, 200, 100, owner);
+    ASSERT_TRUE(RunUntil([&] {
+        return platform::display::XWindowOf(owner) && platform::display::XWindowOf(owned);
+    }));
+    xcb_get_property_reply_t* reply =
+        xcb_get_property_reply(probe,
+                               xcb_get_property(probe, 0, platform::display::XWindowOf(owned),
+                                                XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 0, 1),
+                               nullptr);
+    ASSERT_TRUE(reply);
+    ASSERT_EQ(xcb_get_property_value_length(reply), 4);
+    EXPECT_EQ(*static_cast<const uint32_t*>(xcb_get_property_value(reply)),
+              platform::display::XWindowOf(owner));
+    free(reply);
+
+    ShowWindow(owned, SW_HIDE);
+    ASSERT_TRUE(RunUntil([&] {
+        xcb_get_window_attributes_reply_t* a = xcb_get_window_attributes_reply(
+            probe, xcb_get_window_attributes(probe, platform::display::XWindowOf(owned)), nullptr);
+        const bool unmapped = a && a->map_state == XCB_MAP_STATE_UNMAPPED;
+        free(a);
+        return unmapped;
+    }));
+}
+
+} // namespace
+#endif
