@@ -237,6 +237,32 @@ HCURSOR GetCursor();
 BOOL GetCursorPos(LPPOINT point);
 BOOL SetCursorPos(int x, int y);
 
+// Icons. A module's icon (LoadIcon with its module and a resource name or
+// MAKEINTRESOURCE number) is shared: every call gives the same handle, which
+// the module keeps; it is the image of the module's .ico file nearest to
+// SM_CXICON x SM_CYICON. NULL when the module has no such icon, its file
+// holds no image that can be read, or instance is NULL (the system's own
+// icons are not available). DestroyIcon frees an icon of its own (such as
+// ImageList_GetIcon makes) and leaves a shared one alone; FALSE for a handle
+// that is no icon.
+HICON LoadIconW(HINSTANCE instance, LPCWSTR name);
+#define LoadIcon LoadIconW
+BOOL DestroyIcon(HICON icon);
+
+// DrawIconEx flags: the image composed through its transparency (DI_NORMAL),
+// its colours alone on black (DI_IMAGE) or its mask, black where the icon
+// is opaque and white elsewhere (DI_MASK). A width or height of 0 is the
+// icon's own, or SM_CXICON x SM_CYICON with DI_DEFAULTSIZE; another size
+// scales the image. A flicker-free brush fills the area first.
+#define DI_MASK 0x0001
+#define DI_IMAGE 0x0002
+#define DI_NORMAL 0x0003
+#define DI_DEFAULTSIZE 0x0008
+BOOL DrawIconEx(HDC hdc, int x, int y, HICON icon, int cx, int cy, UINT step, HBRUSH flickerFree,
+                UINT flags);
+// DrawIconEx at SM_CXICON x SM_CYICON with DI_NORMAL.
+BOOL DrawIcon(HDC hdc, int x, int y, HICON icon);
+
 // Menu item flags.
 #define MF_STRING 0x00000000L
 #define MF_GRAYED 0x00000001L

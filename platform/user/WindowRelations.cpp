@@ -3,6 +3,7 @@
 #include "WindowManager.h"
 
 #include <algorithm>
+#include <vector>
 
 using platform::user::Window;
 using platform::user::WindowManager;
@@ -132,4 +133,18 @@ HWND GetLastActivePopup(HWND hwnd) {
         return active;
     HWND popup = GetWindow(hwnd, GW_ENABLEDPOPUP);
     return popup ? popup : hwnd;
+}
+
+BOOL EnumWindows(WNDENUMPROC proc, LPARAM lParam) {
+    if (!proc)
+        return FALSE;
+    // The callback may create, raise or destroy windows: walk a snapshot of
+    // the handles and skip those that are gone by their turn.
+    std::vector<HWND> handles;
+    for (const Window* window : Manager().TopLevel())
+        handles.push_back(window->handle);
+    for (HWND hwnd : handles)
+        if (Manager().Find(hwnd) && !proc(hwnd, lParam))
+            return FALSE;
+    return TRUE;
 }
