@@ -429,6 +429,7 @@ HWND GetClipboardOwner();
 HWND GetOpenClipboardWindow();
 
 #include "winframes.h"
+#include "winsizing.h"
 // Owner drawing: WM_DRAWITEM's lParam, sent to the control's parent whenever
 // an owner-drawn control needs painting.
 #define ODT_MENU 1
