@@ -32,6 +32,13 @@
 
 #include "winmessages.h"
 
+// LVM_SETIMAGELIST's kinds (wParam). In report view each item shows image
+// iImage of the small image list before its first column's text; a list
+// without LVS_SHAREIMAGELISTS destroys its image lists with itself.
+#define LVSIL_NORMAL 0
+#define LVSIL_SMALL 1
+#define LVSIL_STATE 2
+
 // Extended list view styles (LVM_SETEXTENDEDLISTVIEWSTYLE).
 #define LVS_EX_GRIDLINES 0x00000001
 #define LVS_EX_HEADERDRAGDROP 0x00000010
@@ -134,6 +141,8 @@ typedef struct tagNMHEADERW {
 
 // List view messages.
 #define LVM_FIRST 0x1000
+#define LVM_GETIMAGELIST (LVM_FIRST + 2)
+#define LVM_SETIMAGELIST (LVM_FIRST + 3)
 #define LVM_GETITEMCOUNT (LVM_FIRST + 4)
 #define LVM_DELETEITEM (LVM_FIRST + 8)
 #define LVM_DELETEALLITEMS (LVM_FIRST + 9)

@@ -189,6 +189,14 @@ int FrameRect(HDC hdc, const RECT* rect, HBRUSH brush);
 #define SS_PATHELLIPSIS 0x00008000L
 #define SS_WORDELLIPSIS 0x0000C000L
 
+// Static control messages: an SS_ICON control's icon (STM_SETICON returns
+// the one it had). An SS_ICON control made from a dialog template loads the
+// icon its text names (a resource number in the 0xFFFF form, or a name) from
+// the dialog's module, and takes the icon's size unless SS_REALSIZECONTROL or
+// SS_CENTERIMAGE keeps its own.
+#define STM_SETICON 0x0170
+#define STM_GETICON 0x0171
+
 // Scroll bar styles.
 #define SBS_HORZ 0x0000L
 #define SBS_VERT 0x0001L

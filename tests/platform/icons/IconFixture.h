@@ -84,9 +84,10 @@ protected:
     HINSTANCE OriginalResourceHandle() const { return m_resourceHandle; }
 
     // Writes each icon to a file of its own, and a script naming them by
-    // number, and reads that script into module.
-    void LoadInto(HINSTANCE module, const std::vector<std::pair<int, std::string>>& icons) {
-        std::string script;
+    // number (after more, when given), and reads that script into module.
+    void LoadInto(HINSTANCE module, const std::vector<std::pair<int, std::string>>& icons,
+                  const std::string& more = {}) {
+        std::string script = more;
         for (const auto& [id, bytes] : icons) {
             const std::string name = "icon" + std::to_string(id) + ".ico";
             Write(name, bytes);

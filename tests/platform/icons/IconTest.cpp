@@ -1,19 +1,20 @@
 // Icons from a module's resource script: the image nearest the standard size,
 // every depth of bitmap and PNG images, masks and alpha, shared handles,
 // images that cannot be read, drawing sizes and modes, and the application's
-// icons found through the resource chain.
+// icons found through the resource chain, and the icons of dialog controls.
 #include "IconFixture.h"
 
 #include <afxwin.h>
 #include <platform/IconObjects.h>
+#include <platform/ResourceChain.h>
 
 #include <gtest/gtest.h>
 
+using icons_test::kDrawBackground;
 using testing_support::IconImage;
 using testing_support::IconPixel;
 using testing_support::MakeIconFile;
 using testing_support::SolidIcon;
-using icons_test::kDrawBackground;
 
 namespace {
 
@@ -212,6 +213,76 @@ TEST_F(IconTest, TheApplicationFindsIconsThroughTheResourceChain) {
     EXPECT_EQ(Drawn(fromApplication, 0, 0), RGB(5, 5, 5));
     EXPECT_EQ(app.LoadIcon(42u), nullptr);
     AfxSetResourceHandle(OriginalResourceHandle());
+}
+
+} // namespace
+
+namespace {
+
+class IconControlTest : public icons_test::IconFixture {
+protected:
+    void TearDown() override {
+        if (IsWindow(dialog))
+            DestroyWindow(dialog);
+        IconFixture::TearDown();
+    }
+    HWND dialog = nullptr;
+};
+
+TEST_F(IconControlTest, ADialogsIconControlShowsTheModulesIcon) {
+    LoadNamed("LOGO", MakeIconFile({SolidIcon(32, 24, RGB(7, 7, 7))}));
+    LoadInto(Module(), {{12, MakeIconFile({SolidIcon(32, 24, RGB(200, 100, 0))})}},
+             "100 DIALOGEX 0, 0, 200, 100\n"
+             "STYLE WS_POPUP | WS_VISIBLE\n"
+             "BEGIN\n"
+             "    ICON 12, 1001, 10, 10, 20, 20\n"
+             "    ICON LOGO, 1002, 60, 10\n"
+             "    ICON 99, 1003, 100, 10, 20, 20\n"
+             "    CONTROL 12, 1004, \"STATIC\", SS_ICON | SS_CENTERIMAGE, 130, 10, 40, 40\n"
+             "END\n");
+    const platform::DialogTemplate* tmpl =
+        platform::FindResources(Module())->FindDialog(platform::MakeResourceName(100u));
+    ASSERT_TRUE(tmpl);
+    dialog = CreateDialogIndirectParam(Module(), tmpl, nullptr, nullptr, 0);
+    ASSERT_TRUE(dialog);
+    HWND numbered = GetDlgItem(dialog, 1001);
+    HWND named = GetDlgItem(dialog, 1002);
+    HWND missing = GetDlgItem(dialog, 1003);
+    HWND centred = GetDlgItem(dialog, 1004);
+    EXPECT_EQ(reinterpret_cast<HICON>(SendMessage(numbered, STM_GETICON, 0, 0)),
+              LoadIcon(Module(), MAKEINTRESOURCE(12)));
+    EXPECT_EQ(reinterpret_cast<HICON>(SendMessage(named, STM_GETICON, 0, 0)),
+              LoadIcon(Module(), u"LOGO"));
+    EXPECT_EQ(SendMessage(missing, STM_GETICON, 0, 0), 0);
+    CRect rect;
+    GetClientRect(numbered, &rect);
+    EXPECT_EQ(rect.Size(), CSize(32, 32)); // the icon's size, not the template's
+    GetClientRect(missing, &rect);
+    EXPECT_NE(rect.Size(), CSize(32, 32));
+    GetClientRect(centred, &rect);
+    const CSize centredSize = rect.Size();
+    EXPECT_GT(centredSize.cx, 32);
+
+    UpdateWindow(numbered);
+    UpdateWindow(centred);
+    HDC hdc = GetDC(numbered);
+    EXPECT_EQ(GetPixel(hdc, 0, 0), RGB(200, 100, 0));
+    EXPECT_EQ(GetPixel(hdc, 31, 31), RGB(200, 100, 0));
+    ReleaseDC(numbered, hdc);
+    hdc = GetDC(centred);
+    EXPECT_EQ(GetPixel(hdc, centredSize.cx / 2, centredSize.cy / 2), RGB(200, 100, 0));
+    EXPECT_NE(GetPixel(hdc, 0, 0), RGB(200, 100, 0));
+    ReleaseDC(centred, hdc);
+
+    // Another icon, set by message.
+    HICON logo = LoadIcon(Module(), u"LOGO");
+    EXPECT_EQ(reinterpret_cast<HICON>(
+                  SendMessage(numbered, STM_SETICON, reinterpret_cast<WPARAM>(logo), 0)),
+              LoadIcon(Module(), MAKEINTRESOURCE(12)));
+    UpdateWindow(numbered);
+    hdc = GetDC(numbered);
+    EXPECT_EQ(GetPixel(hdc, 5, 5), RGB(7, 7, 7));
+    ReleaseDC(numbered, hdc);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Image lists: icons scaled to the list's size, the transparency each kind of
 // list keeps, replacing and drawing images, icons made from images, bad
-// handles and indexes, and the framework's object that owns a list.
+// handles and indexes, the framework's object that owns a list, and a report
+// list showing its items' small images.
 #include "IconFixture.h"
 
 #include <afxcmn.h>
@@ -197,6 +198,64 @@ TEST_F(ImageListTest, TheObjectOwnsItsList) {
     EXPECT_EQ(owner.Detach(), handle);
     EXPECT_EQ(owner.GetSafeHandle(), nullptr);
     EXPECT_TRUE(ImageList_Destroy(handle)); // detached: still alive until now
+}
+
+TEST_F(ImageListTest, AReportListShowsEachItemsSmallImage) {
+    CWnd parent;
+    ASSERT_TRUE(parent.CreateEx(0, nullptr, u"Holder", WS_POPUP | WS_VISIBLE, CRect(0, 0, 300, 200),
+                                nullptr, 0));
+    HIMAGELIST small = ImageList_Create(16, 16, ILC_MASK, 0, 1);
+    ASSERT_EQ(ImageList_AddIcon(small, Icon(3)), 0);
+    ASSERT_EQ(ImageList_AddIcon(small, Icon(1)), 1);
+    for (DWORD share : {DWORD{0}, DWORD{LVS_SHAREIMAGELISTS}}) {
+        HWND list = CreateWindowEx(0, WC_LISTVIEW, u"", WS_CHILD | WS_VISIBLE | LVS_REPORT | share,
+                                   0, 0, 300, 200, parent.GetSafeHwnd(), nullptr, nullptr, nullptr);
+        ASSERT_TRUE(list);
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH;
+        column.pszText = const_cast<LPWSTR>(u"Name");
+        column.cx = 150;
+        SendMessage(list, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+        for (int i = 0; i < 3; ++i) {
+            LVITEMW item{};
+            item.mask = LVIF_TEXT | LVIF_IMAGE;
+            item.iItem = i;
+            item.pszText = const_cast<LPWSTR>(u"row");
+            item.iImage = i < 2 ? i : -1;
+            SendMessage(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        }
+        EXPECT_EQ(SendMessage(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(small)),
+                  0);
+        EXPECT_EQ(reinterpret_cast<HIMAGELIST>(SendMessage(list, LVM_GETIMAGELIST, LVSIL_SMALL, 0)),
+                  small);
+        UpdateWindow(list);
+        RECT first{}, second{}, third{};
+        first.left = second.left = third.left = LVIR_BOUNDS;
+        SendMessage(list, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&first));
+        SendMessage(list, LVM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&second));
+        SendMessage(list, LVM_GETITEMRECT, 2, reinterpret_cast<LPARAM>(&third));
+        EXPECT_GE(first.bottom - first.top, 17);
+        HDC hdc = GetDC(list);
+        const int inset = (first.bottom - first.top - 16) / 2;
+        EXPECT_EQ(GetPixel(hdc, first.left + 2 + 8, first.top + inset + 8), RGB(0, 255, 0));
+        EXPECT_EQ(GetPixel(hdc, second.left + 2 + 4, second.top + inset + 12), kRed);
+        EXPECT_EQ(GetPixel(hdc, second.left + 2 + 12, second.top + inset + 12), kBlue);
+        EXPECT_EQ(GetPixel(hdc, second.left + 2 + 0, second.top + inset + 0),
+                  GetSysColor(COLOR_WINDOW)); // the transparent corner
+        EXPECT_EQ(GetPixel(hdc, third.left + 2 + 8, third.top + inset + 8),
+                  GetSysColor(COLOR_WINDOW)); // no image
+        ReleaseDC(list, hdc);
+        DestroyWindow(list);
+        // A list that does not share its image lists destroys them.
+        EXPECT_EQ(ImageList_GetImageCount(small), share ? 2 : 0);
+        if (!share) {
+            small = ImageList_Create(16, 16, ILC_MASK, 0, 1);
+            ImageList_AddIcon(small, Icon(3));
+            ImageList_AddIcon(small, Icon(1));
+        }
+    }
+    EXPECT_TRUE(ImageList_Destroy(small));
+    parent.DestroyWindow();
 }
 
 } // namespace
