@@ -246,10 +246,11 @@ HWND CreateDialogIndirectParam(HINSTANCE instance, LPCDLGTEMPLATE tmpl, HWND own
         if (!IsWindow(hwnd))
             return nullptr;
         RECT at = platform::DialogItemRect(base, item);
-        // A resource number as the text (an icon's) goes as the original's
-        // ordinal form: 0xFFFF, then the number.
+        // An icon control's resource number goes as the original's ordinal
+        // form: 0xFFFF, then the number.
+        const bool icon = item.className == u"STATIC" && (item.style & SS_TYPEMASK) == SS_ICON;
         const std::u16string text =
-            item.textIsResourceId
+            icon && item.textIsResourceId
                 ? std::u16string{u'\xFFFF', static_cast<char16_t>(item.textResourceId)}
                 : item.text;
         HWND control = CreateWindowEx(
