@@ -77,6 +77,47 @@ public:
     static void SaveWindowPlacement(CString strSection, CString strEntry, CWnd* pWnd);
     static void RestoreWindowPlacement(CString strSection, CString strEntry, CWnd* pWnd);
 
+    // A font size meant for the screen, scaled to the vertical resolution of
+    // pDC: size times pDC's LOGPIXELSY over the screen's, rounded to the
+    // nearest, so that the font keeps its physical size. A null pDC counts
+    // as the screen.
+    static int ScaleFont(CDC* pDC, int size);
+    // Fills the DC's clip box with a solid brush of colour.
+    static void PaintBackground(CDC* pDC, COLORREF colour);
+    // Draws two light grey one-pixel frames on the view's whole window (its
+    // non-client area included, origin at its top-left corner): around
+    // (0, 0, client width + 4, client height + 4), and one pixel outside it.
+    static void PaintDialogFrame(CView* pView);
+    // Gives the view's frame window the size of the view plus 12 x 31 for its
+    // borders and caption (size keeps the additions), its top-left corner
+    // staying where it is. A maximised frame and size stay as they are. A
+    // frame that is a child window (an MDI document) keeps its place in its
+    // parent's client area; a top-level one on the screen.
+    static void SetViewSize(CView* pView, CSize& size);
+    // Appends a deep copy of the source menu to the destination: a separator
+    // first when the destination has items, then each item with its text,
+    // state and command, and each pop-up as a new pop-up filled the same way
+    // (without a leading separator), which the destination then owns. A menu
+    // that holds itself through its pop-ups is copied down to where it
+    // would repeat.
+    static void AppendMenuHelper(const CMenu* pSrc, HMENU hDst);
+    // Creates imageList (16 x 16, masked) and adds the icons of the
+    // identifiers up to the 0 that ends pIDs: from hInstance when it is not
+    // null, else through the application's resource chain. An icon that
+    // does not load is left out; a list that was created already is left as
+    // it is.
+    static void ImageListIconLoader(CImageList& imageList, UINT* pIDs, HINSTANCE hInstance);
+    // The first top-level window, from the top of the z-order, whose caption
+    // begins with title, letter case aside (A to Z); null when none does. An
+    // empty title matches the first window.
+    static HWND FindApplication(const CString& title);
+    // Shows the window at the top of the z-order, its position, size and
+    // owner's place unchanged.
+    static void BringToTop(CWnd* pWnd);
+    // Focuses the dialog's control nID, selects all its text and scrolls the
+    // caret into view; nothing when there is no such control.
+    static void SelectDlgEdit(CWnd* pDlg, UINT nID);
+
     // The host's messages: the file could not be opened (one string
     // placeholder: the reason), and the list was written (one: the file name).
     static constexpr UINT IDS_EXPORT_OPEN_FAILED = 698;

@@ -1,4 +1,5 @@
-// Device contexts tied to a window: the paint DC and the client-area DC.
+// Device contexts tied to a window: the paint DC, the client-area DC and the
+// whole-window DC.
 #include <afxwin.h>
 
 CPaintDC::CPaintDC(CWnd* wnd) : m_hWnd(wnd->m_hWnd) {
@@ -15,6 +16,15 @@ CClientDC::CClientDC(CWnd* wnd) : m_hWnd(wnd ? wnd->m_hWnd : nullptr) {
 }
 
 CClientDC::~CClientDC() {
+    HDC hdc = Detach();
+    ::ReleaseDC(m_hWnd, hdc);
+}
+
+CWindowDC::CWindowDC(CWnd* wnd) : m_hWnd(wnd ? wnd->m_hWnd : nullptr) {
+    Attach(::GetWindowDC(m_hWnd));
+}
+
+CWindowDC::~CWindowDC() {
     HDC hdc = Detach();
     ::ReleaseDC(m_hWnd, hdc);
 }

@@ -303,6 +303,9 @@ void CWnd::MoveWindow(LPCRECT rect, BOOL repaint) {
                  repaint);
 }
 
+// Its handle is HWND_TOP (null); it is never a window of its own.
+const CWnd CWnd::wndTop{};
+
 BOOL CWnd::SetWindowPos(const CWnd* insertAfter, int x, int y, int cx, int cy, UINT flags) {
     return ::SetWindowPos(m_hWnd, insertAfter ? insertAfter->m_hWnd : nullptr, x, y, cx, cy, flags);
 }

@@ -86,6 +86,12 @@ public:
     void HideApplication();
     CDocManager* m_pDocManager = nullptr;
 
+    // The icon with this resource name or number, from the module of the
+    // resource chain that holds it (the application's, then its extension
+    // modules'); a shared icon, or NULL when no module has it.
+    HICON LoadIcon(LPCTSTR name) const;
+    HICON LoadIcon(UINT id) const;
+
     // The wait cursor's nesting: 1 begins a level (the first one remembers the
     // cursor it replaces), -1 ends one (the last one puts that cursor back), 0
     // shows the wait cursor again while a level is open.

@@ -1,10 +1,41 @@
-// The class framework's wrappers of the common controls: the list view, its
-// header and the tab control. Each member sends the control's message.
+// The class framework's wrappers of the common controls: image lists, the
+// list view, its header and the tab control. Each control member sends the
+// control's message.
 #pragma once
 
 #include "afxtempl.h"
 #include "afxwin.h"
 #include "commctrl.h"
+
+// An image list owned by a C++ object: the list is destroyed with the
+// object unless it was detached.
+class CImageList : public CObject {
+public:
+    HIMAGELIST m_hImageList = nullptr;
+
+    CImageList() = default;
+    ~CImageList() override;
+
+    HIMAGELIST GetSafeHandle() const { return m_hImageList; }
+    operator HIMAGELIST() const { return m_hImageList; }
+    // FALSE when the object already holds a list or the list cannot be made.
+    BOOL Create(int cx, int cy, UINT flags, int initial, int grow);
+    // FALSE for a null handle or when the object already holds a list.
+    BOOL Attach(HIMAGELIST list);
+    HIMAGELIST Detach();
+    BOOL DeleteImageList();
+
+    int GetImageCount() const;
+    // The index of the new image, or -1.
+    int Add(HICON icon);
+    BOOL Draw(CDC* dc, int image, POINT point, UINT style);
+    // A new icon showing the image; free it with DestroyIcon.
+    HICON ExtractIcon(int image);
+
+private:
+    CImageList(const CImageList&) = delete;
+    CImageList& operator=(const CImageList&) = delete;
+};
 
 class CHeaderCtrl : public CWnd {
 public:

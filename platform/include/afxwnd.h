@@ -137,6 +137,8 @@ public:
     void MoveWindow(int x, int y, int width, int height, BOOL repaint = TRUE);
     void MoveWindow(LPCRECT rect, BOOL repaint = TRUE);
     BOOL SetWindowPos(const CWnd* insertAfter, int x, int y, int cx, int cy, UINT flags);
+    // The top of the z-order, as SetWindowPos's insertAfter.
+    static const CWnd wndTop;
     void CenterWindow(CWnd* alternateOwner = nullptr);
     BOOL ShowWindow(int command);
     BOOL IsIconic() const;
@@ -299,6 +301,18 @@ class CClientDC : public CDC {
 public:
     explicit CClientDC(CWnd* wnd);
     ~CClientDC() override;
+
+protected:
+    HWND m_hWnd;
+};
+
+// The device context of a whole window, frame and caption included, with
+// (0, 0) at the window's top-left corner: GetWindowDC on construction,
+// ReleaseDC on destruction. A null window gives the screen's.
+class CWindowDC : public CDC {
+public:
+    explicit CWindowDC(CWnd* wnd);
+    ~CWindowDC() override;
 
 protected:
     HWND m_hWnd;

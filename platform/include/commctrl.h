@@ -32,6 +32,13 @@
 
 #include "winmessages.h"
 
+// LVM_SETIMAGELIST's kinds (wParam). In report view each item shows image
+// iImage of the small image list before its first column's text; a list
+// without LVS_SHAREIMAGELISTS destroys its image lists with itself.
+#define LVSIL_NORMAL 0
+#define LVSIL_SMALL 1
+#define LVSIL_STATE 2
+
 // Extended list view styles (LVM_SETEXTENDEDLISTVIEWSTYLE).
 #define LVS_EX_GRIDLINES 0x00000001
 #define LVS_EX_HEADERDRAGDROP 0x00000010
@@ -134,6 +141,8 @@ typedef struct tagNMHEADERW {
 
 // List view messages.
 #define LVM_FIRST 0x1000
+#define LVM_GETIMAGELIST (LVM_FIRST + 2)
+#define LVM_SETIMAGELIST (LVM_FIRST + 3)
 #define LVM_GETITEMCOUNT (LVM_FIRST + 4)
 #define LVM_DELETEITEM (LVM_FIRST + 8)
 #define LVM_DELETEALLITEMS (LVM_FIRST + 9)
@@ -422,5 +431,53 @@ typedef struct tagTCHITTESTINFO {
 #define SB_GETPARTS (WM_USER + 6)
 #define SB_GETBORDERS (WM_USER + 7)
 #define SB_GETRECT (WM_USER + 10)
+
+// Image lists: images of one size, each kept with its transparency, drawn
+// by index. An icon added at another size is scaled to the list's. Without
+// ILC_MASK an image is opaque (its transparent parts black); with ILC_MASK
+// alone each pixel is wholly shown or not (those at least half opaque are
+// shown); with ILC_MASK | ILC_COLOR32 partial transparency is kept. The other
+// colour depths are accepted and keep full colour.
+#define ILC_MASK 0x0001
+#define ILC_COLOR 0x0000
+#define ILC_COLORDDB 0x00FE
+#define ILC_COLOR4 0x0004
+#define ILC_COLOR8 0x0008
+#define ILC_COLOR16 0x0010
+#define ILC_COLOR24 0x0018
+#define ILC_COLOR32 0x0020
+
+// ImageList_Draw styles: the image through its mask (ILD_NORMAL and
+// ILD_TRANSPARENT, the same while the list has no background colour) or the
+// mask alone, black where the image shows and white elsewhere (ILD_MASK).
+#define ILD_NORMAL 0x0000
+#define ILD_TRANSPARENT 0x0001
+#define ILD_MASK 0x0010
+
+#define CLR_NONE 0xFFFFFFFF
+#define CLR_DEFAULT 0xFF000000
+
+struct _IMAGELIST;
+typedef struct _IMAGELIST* HIMAGELIST;
+
+// NULL for a size that is not positive or above 1024, or unknown flags.
+// initial and grow only say how much room to make at a time.
+HIMAGELIST ImageList_Create(int cx, int cy, UINT flags, int initial, int grow);
+// FALSE for a handle that is no image list.
+BOOL ImageList_Destroy(HIMAGELIST list);
+// 0 for a handle that is no image list.
+int ImageList_GetImageCount(HIMAGELIST list);
+BOOL ImageList_GetIconSize(HIMAGELIST list, int* cx, int* cy);
+// Puts the icon's image in place of image index, or after the last with
+// index -1; returns the index it took, or -1 when the list or icon is bad or
+// index is out of range.
+int ImageList_ReplaceIcon(HIMAGELIST list, int index, HICON icon);
+#define ImageList_AddIcon(list, icon) ImageList_ReplaceIcon(list, -1, icon)
+// Draws image index with its top-left at (x, y) of the DC. FALSE for a bad
+// list, index or DC.
+BOOL ImageList_Draw(HIMAGELIST list, int index, HDC hdc, int x, int y, UINT style);
+// A new icon of its own (free it with DestroyIcon) showing image index;
+// NULL for a bad list or index.
+HICON ImageList_GetIcon(HIMAGELIST list, int index, UINT flags);
 
 #include "prsht.h"

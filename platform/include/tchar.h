@@ -13,6 +13,15 @@
 WCHAR* _wcsdup(const WCHAR* text);
 #define _tcsdup _wcsdup
 
+// Compares at most count characters of a and b without regard to case, as
+// the runtime does in the "C" locale: only A to Z fold (to lower case), and
+// the comparison stops at a NUL. Negative, 0 or positive as a is less than,
+// equal to or greater than b; a count of 0 gives 0. A null string (with a
+// count above 0) gives _NLSCMPERROR.
+#define _NLSCMPERROR 0x7FFFFFFF
+int _wcsnicmp(const WCHAR* a, const WCHAR* b, size_t count);
+#define _tcsnicmp _wcsnicmp
+
 // Numbers read as the runtime reads them in the "C" locale: leading white
 // space, an optional sign, then digits up to the first other character.
 // Nothing usable gives 0; nan, inf and hexadecimal forms are not numbers.

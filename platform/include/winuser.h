@@ -189,6 +189,14 @@ int FrameRect(HDC hdc, const RECT* rect, HBRUSH brush);
 #define SS_PATHELLIPSIS 0x00008000L
 #define SS_WORDELLIPSIS 0x0000C000L
 
+// Static control messages: an SS_ICON control's icon (STM_SETICON returns
+// the one it had). An SS_ICON control made from a dialog template loads the
+// icon its text names (a resource number in the 0xFFFF form, or a name) from
+// the dialog's module, and takes the icon's size unless SS_REALSIZECONTROL or
+// SS_CENTERIMAGE keeps its own.
+#define STM_SETICON 0x0170
+#define STM_GETICON 0x0171
+
 // Scroll bar styles.
 #define SBS_HORZ 0x0000L
 #define SBS_VERT 0x0001L
@@ -236,6 +244,32 @@ HCURSOR GetCursor();
 // screen. The simulated user's clicks move it.
 BOOL GetCursorPos(LPPOINT point);
 BOOL SetCursorPos(int x, int y);
+
+// Icons. A module's icon (LoadIcon with its module and a resource name or
+// MAKEINTRESOURCE number) is shared: every call gives the same handle, which
+// the module keeps; it is the image of the module's .ico file nearest to
+// SM_CXICON x SM_CYICON. NULL when the module has no such icon, its file
+// holds no image that can be read, or instance is NULL (the system's own
+// icons are not available). DestroyIcon frees an icon of its own (such as
+// ImageList_GetIcon makes) and leaves a shared one alone; FALSE for a handle
+// that is no icon.
+HICON LoadIconW(HINSTANCE instance, LPCWSTR name);
+#define LoadIcon LoadIconW
+BOOL DestroyIcon(HICON icon);
+
+// DrawIconEx flags: the image composed through its transparency (DI_NORMAL),
+// its colours alone on black (DI_IMAGE) or its mask, black where the icon
+// is opaque and white elsewhere (DI_MASK). A width or height of 0 is the
+// icon's own, or SM_CXICON x SM_CYICON with DI_DEFAULTSIZE; another size
+// scales the image. A flicker-free brush fills the area first.
+#define DI_MASK 0x0001
+#define DI_IMAGE 0x0002
+#define DI_NORMAL 0x0003
+#define DI_DEFAULTSIZE 0x0008
+BOOL DrawIconEx(HDC hdc, int x, int y, HICON icon, int cx, int cy, UINT step, HBRUSH flickerFree,
+                UINT flags);
+// DrawIconEx at SM_CXICON x SM_CYICON with DI_NORMAL.
+BOOL DrawIcon(HDC hdc, int x, int y, HICON icon);
 
 // Menu item flags.
 #define MF_STRING 0x00000000L
@@ -403,6 +437,7 @@ HWND GetClipboardOwner();
 HWND GetOpenClipboardWindow();
 
 #include "winframes.h"
+#include "winsizing.h"
 // Owner drawing: WM_DRAWITEM's lParam, sent to the control's parent whenever
 // an owner-drawn control needs painting.
 #define ODT_MENU 1

@@ -205,6 +205,12 @@ HWND GetWindow(HWND hwnd, UINT command);
 HWND GetTopWindow(HWND hwnd);
 HWND GetDlgItem(HWND dialog, int id);
 BOOL SetWindowPos(HWND hwnd, HWND insertAfter, int x, int y, int cx, int cy, UINT flags);
+// Calls proc for each top-level window of the desktop, hidden ones included,
+// from the top of the z-order down, until it returns FALSE (EnumWindows then
+// returns FALSE). Windows created during the walk are not visited; windows
+// destroyed during it are skipped.
+typedef BOOL (*WNDENUMPROC)(HWND, LPARAM);
+BOOL EnumWindows(WNDENUMPROC proc, LPARAM lParam);
 LONG_PTR GetWindowLongPtr(HWND hwnd, int index);
 LONG_PTR SetWindowLongPtr(HWND hwnd, int index, LONG_PTR value);
 
@@ -246,6 +252,8 @@ BOOL MapDialogRect(HWND dialog, LPRECT rect);
 #define SM_CYBORDER 6
 #define SM_CXDLGFRAME 7
 #define SM_CYDLGFRAME 8
+#define SM_CXICON 11
+#define SM_CYICON 12
 #define SM_CYMENU 15
 #define SM_CXSIZE 30
 #define SM_CYSIZE 31
@@ -253,6 +261,8 @@ BOOL MapDialogRect(HWND dialog, LPRECT rect);
 #define SM_CYFRAME 33
 #define SM_CXEDGE 45
 #define SM_CYEDGE 46
+#define SM_CXSMICON 49
+#define SM_CYSMICON 50
 #define SM_CYSMCAPTION 51
 #define SM_CXPADDEDBORDER 92
 #define SM_CXFIXEDFRAME SM_CXDLGFRAME

@@ -246,8 +246,15 @@ HWND CreateDialogIndirectParam(HINSTANCE instance, LPCDLGTEMPLATE tmpl, HWND own
         if (!IsWindow(hwnd))
             return nullptr;
         RECT at = platform::DialogItemRect(base, item);
+        // An icon control's resource number goes as the original's ordinal
+        // form: 0xFFFF, then the number.
+        const bool icon = item.className == u"STATIC" && (item.style & SS_TYPEMASK) == SS_ICON;
+        const std::u16string text =
+            icon && item.textIsResourceId
+                ? std::u16string{u'\xFFFF', static_cast<char16_t>(item.textResourceId)}
+                : item.text;
         HWND control = CreateWindowEx(
-            item.exStyle, item.className.c_str(), item.text.c_str(), item.style, at.left, at.top,
+            item.exStyle, item.className.c_str(), text.c_str(), item.style, at.left, at.top,
             at.right - at.left, at.bottom - at.top, hwnd,
             reinterpret_cast<HMENU>(static_cast<uintptr_t>(item.id)), instance, nullptr);
         if (!control) {

@@ -47,6 +47,16 @@ int GetSystemMetrics(int index) {
         return kEdge;
     case SM_CXPADDEDBORDER:
         return kPaddedBorder;
+    case SM_CXMINTRACK:
+        return 136;
+    case SM_CYMINTRACK:
+        return 39;
+    case SM_CXICON:
+    case SM_CYICON:
+        return 32;
+    case SM_CXSMICON:
+    case SM_CYSMICON:
+        return 16;
     default:
         return 0;
     }

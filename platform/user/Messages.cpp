@@ -4,6 +4,7 @@
 
 #include "Keyboard.h"
 #include "display/Backend.h"
+#include "Sizing.h"
 
 #include <platform/Automation.h>
 #include <platform/MessagePump.h>
@@ -102,6 +103,15 @@ LRESULT DefWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
         if ((window->style & WS_CHILD) && window->parent)
             return SendMessage(window->parent->handle, message, wParam, lParam);
         return 0;
+    case WM_NCHITTEST:
+        return platform::user::NonClientHitTest(
+            window, POINT{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
+    case WM_NCLBUTTONDOWN:
+        platform::user::NonClientPress(hwnd, wParam, lParam);
+        return 0;
+    case WM_SYSCOMMAND:
+        platform::user::SystemCommand(hwnd, wParam, lParam);
+        return 0;
     case WM_SETTEXT:
         window->text = lParam ? reinterpret_cast<LPCWSTR>(lParam) : u"";
         // The caption shows the text.
@@ -139,7 +149,10 @@ LRESULT SendMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
 BOOL PostMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     if (hwnd && !Manager().Find(hwnd))
         return FALSE;
-    Manager().Queue().push_back(MSG{hwnd, message, wParam, lParam, 0, POINT{0, 0}});
+    // As on the original, a message carries the mouse position at its posting.
+    POINT cursor{0, 0};
+    GetCursorPos(&cursor);
+    Manager().Queue().push_back(MSG{hwnd, message, wParam, lParam, 0, cursor});
     return TRUE;
 }
 

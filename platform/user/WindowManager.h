@@ -94,7 +94,7 @@ public:
     Window* CreateWindowRecord(const WindowClass* windowClass, Window* parent);
     void Forget(Window* window);
     Window* Desktop() { return &m_desktop; }
-    // Top-level windows in creation order.
+    // Top-level windows in z-order, topmost first.
     const std::vector<Window*>& TopLevel() const { return m_desktop.children; }
 
     // True when the window and all its ancestors are visible.

@@ -5,6 +5,7 @@
 #include <winbase.h>
 
 #include <algorithm>
+#include <vector>
 
 using platform::user::Window;
 using platform::user::WindowManager;
@@ -164,4 +165,18 @@ HWND SetParent(HWND hwnd, HWND newParent) {
         InvalidateRect(hwnd, nullptr, TRUE);
     }
     return old->handle;
+}
+
+BOOL EnumWindows(WNDENUMPROC proc, LPARAM lParam) {
+    if (!proc)
+        return FALSE;
+    // The callback may create, raise or destroy windows: walk a snapshot of
+    // the handles and skip those that are gone by their turn.
+    std::vector<HWND> handles;
+    for (const Window* window : Manager().TopLevel())
+        handles.push_back(window->handle);
+    for (HWND hwnd : handles)
+        if (Manager().Find(hwnd) && !proc(hwnd, lParam))
+            return FALSE;
+    return TRUE;
 }

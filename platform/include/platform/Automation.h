@@ -201,3 +201,14 @@ struct PopupMenuView {
 bool ReadPopupMenu(PopupMenuView* view);
 
 } // namespace platform::automation
+
+// Sizing windows by their frame.
+namespace platform::automation {
+
+// Presses on the bottom-right corner of the active window's sizing frame,
+// moves the mouse by dx, dy (in two steps) and releases it, as a user
+// resizes a window: the window's own sizing rules (WM_SIZING, its minimum
+// size) apply. A window without a sizing frame is recorded and left alone.
+void DragWindowCorner(int dx, int dy);
+
+} // namespace platform::automation

@@ -541,6 +541,17 @@ LRESULT ListMessage(HWND hwnd, ListViewState& state, UINT message, WPARAM wParam
         return SetColumnWidth(hwnd, state, index, static_cast<short>(LOWORD(lParam)));
     case LVM_GETHEADER:
         return reinterpret_cast<LRESULT>(state.header);
+    case LVM_GETIMAGELIST:
+        return wParam <= LVSIL_STATE ? reinterpret_cast<LRESULT>(state.images[wParam]) : 0;
+    case LVM_SETIMAGELIST: {
+        if (wParam > LVSIL_STATE)
+            return 0;
+        HIMAGELIST previous = state.images[wParam];
+        state.images[wParam] = reinterpret_cast<HIMAGELIST>(lParam);
+        MeasureListView(hwnd, state);
+        InvalidateRect(hwnd, nullptr, TRUE);
+        return reinterpret_cast<LRESULT>(previous);
+    }
     case LVM_GETCOLUMNORDERARRAY:
         return SendMessage(state.header, HDM_GETORDERARRAY, wParam, lParam);
     case LVM_SETCOLUMNORDERARRAY: {
@@ -561,6 +572,10 @@ LRESULT ListViewProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
         return DefWindowProc(hwnd, message, wParam, lParam);
     switch (message) {
     case WM_NCDESTROY:
+        if (!(GetWindowLongPtr(hwnd, GWL_STYLE) & LVS_SHAREIMAGELISTS))
+            for (HIMAGELIST list : state->images)
+                if (list)
+                    ImageList_Destroy(list);
         States().Erase(hwnd);
         return DefWindowProc(hwnd, message, wParam, lParam);
     case WM_CREATE:

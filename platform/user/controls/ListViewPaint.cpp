@@ -12,6 +12,7 @@ namespace platform::user {
 namespace {
 
 constexpr int kCellPadding = 6;
+constexpr int kImageMargin = 2; // left of a small image in the first column
 constexpr int kScrollBarWidth = 12;
 constexpr COLORREF kGridColor = 0xF0F0F0;
 constexpr COLORREF kInactiveSelection = 0xD9D9D9;
@@ -54,6 +55,9 @@ void MeasureListView(HWND hwnd, ListViewState& state) {
         TEXTMETRICW tm{};
         GetTextMetrics(hdc, &tm);
         state.rowHeight = std::max(1, static_cast<int>(tm.tmHeight) + 4);
+        int cx = 0, cy = 0;
+        if (ImageList_GetIconSize(state.images[LVSIL_SMALL], &cx, &cy))
+            state.rowHeight = std::max(state.rowHeight, cy + 1);
         state.headerHeight = static_cast<int>(tm.tmHeight) + 8;
     }
     ReleaseDC(hwnd, hdc);
@@ -164,6 +168,11 @@ void PaintListView(HWND hwnd, const ListViewState& state) {
 
     FontScope font(hdc, state.font);
     SetBkMode(hdc, TRANSPARENT);
+    // The small images go before the first column's text.
+    int imageWidth = 0, imageHeight = 0;
+    HIMAGELIST images = state.images[LVSIL_SMALL];
+    if (!ImageList_GetIconSize(images, &imageWidth, &imageHeight))
+        imageWidth = imageHeight = 0;
     int page = RowsPerPage(hwnd, state) + 1;
     int count = static_cast<int>(state.rows.size());
     for (int item = state.top; item < count && item < state.top + page; ++item) {
@@ -182,6 +191,12 @@ void PaintListView(HWND hwnd, const ListViewState& state) {
             SetTextColor(hdc, highlight && state.hasFocus ? GetSysColor(COLOR_HIGHLIGHTTEXT)
                                                           : GetSysColor(COLOR_WINDOWTEXT));
             int indent = column == 0 ? row.indent * 16 : 0;
+            if (column == 0 && imageWidth > 0) {
+                if (row.image >= 0)
+                    ImageList_Draw(images, row.image, hdc, cell.left + kImageMargin + indent,
+                                   y + (state.rowHeight - imageHeight) / 2, ILD_NORMAL);
+                indent += kImageMargin + imageWidth - kCellPadding / 2;
+            }
             RECT text{cell.left + kCellPadding + indent, cell.top, cell.right - kCellPadding,
                       cell.bottom};
             auto subItem =

@@ -56,6 +56,8 @@ struct ListViewState {
     std::vector<ListColumn> columns; // text, width, format and order live in the header
     HWND header = nullptr;
     HFONT font = nullptr;
+    // The image lists by LVSIL_ kind; report view draws the small one.
+    HIMAGELIST images[3] = {nullptr, nullptr, nullptr};
     DWORD exStyle = 0;
     int focus = -1;   // the one item holding LVIS_FOCUSED, or -1
     int selected = 0; // items holding LVIS_SELECTED

@@ -1,5 +1,5 @@
 // The STATIC class: text (left, centred or right, wrapped at words), filled
-// and framed rectangles and etched lines. It takes no input.
+// and framed rectangles, etched lines and icons. It takes no input.
 #include "ControlPaint.h"
 #include "ControlState.h"
 
@@ -9,6 +9,7 @@ namespace {
 
 struct StaticState {
     HFONT font = nullptr;
+    HICON icon = nullptr;
 };
 
 ControlStates<StaticState>& States() {
@@ -51,6 +52,13 @@ void Paint(HWND hwnd, const StaticState& state) {
     }
     case SS_ICON:
         FillRect(hdc, &client, ControlBackground(hwnd, hdc, WM_CTLCOLORSTATIC));
+        if (state.icon) {
+            const int x =
+                (style & SS_CENTERIMAGE) ? (client.right - GetSystemMetrics(SM_CXICON)) / 2 : 0;
+            const int y =
+                (style & SS_CENTERIMAGE) ? (client.bottom - GetSystemMetrics(SM_CYICON)) / 2 : 0;
+            DrawIcon(hdc, x, y, state.icon);
+        }
         break;
     default: {
         FillRect(hdc, &client, ControlBackground(hwnd, hdc, WM_CTLCOLORSTATIC));
@@ -79,6 +87,29 @@ void Paint(HWND hwnd, const StaticState& state) {
     EndPaint(hwnd, &ps);
 }
 
+// The icon an SS_ICON control's creation text names, from its module.
+HICON IconOfText(const CREATESTRUCT& create) {
+    const LPCWSTR text = create.lpszName;
+    if (!text || !*text)
+        return nullptr;
+    if (text[0] == 0xFFFF)
+        return LoadIcon(create.hInstance, MAKEINTRESOURCE(text[1]));
+    return LoadIcon(create.hInstance, text);
+}
+
+// Sets the icon and, unless the style keeps the control's size, takes the
+// icon's; returns the previous icon.
+HICON SetIcon(HWND hwnd, StaticState& state, HICON icon) {
+    HICON previous = state.icon;
+    state.icon = icon;
+    const auto style = static_cast<DWORD>(GetWindowLongPtr(hwnd, GWL_STYLE));
+    if (icon && !(style & (SS_REALSIZECONTROL | SS_CENTERIMAGE)))
+        SetWindowPos(hwnd, nullptr, 0, 0, GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON),
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    InvalidateRect(hwnd, nullptr, TRUE);
+    return previous;
+}
+
 LRESULT StaticProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE)
         States().Create(hwnd);
@@ -91,6 +122,17 @@ LRESULT StaticProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
         return DefWindowProc(hwnd, message, wParam, lParam);
     case WM_GETDLGCODE:
         return DLGC_STATIC;
+    case WM_CREATE: {
+        const auto style = static_cast<DWORD>(GetWindowLongPtr(hwnd, GWL_STYLE));
+        if ((style & SS_TYPEMASK) == SS_ICON)
+            if (HICON icon = IconOfText(*reinterpret_cast<const CREATESTRUCT*>(lParam)))
+                SetIcon(hwnd, *state, icon);
+        return 0;
+    }
+    case STM_SETICON:
+        return reinterpret_cast<LRESULT>(SetIcon(hwnd, *state, reinterpret_cast<HICON>(wParam)));
+    case STM_GETICON:
+        return reinterpret_cast<LRESULT>(state->icon);
     case WM_SETFONT:
         state->font = reinterpret_cast<HFONT>(wParam);
         if (lParam)

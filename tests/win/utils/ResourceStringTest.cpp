@@ -26,5 +26,4 @@ TEST(CResourceString, LoadsFromTheHostOrStaysEmpty) {
     AfxSetResourceHandle(app);
     EXPECT_TRUE(CResourceString(692).IsEmpty());
     platform::ReleaseResources(other);
-    platform::ReleaseResources(app);
 }

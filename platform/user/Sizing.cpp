@@ -1,0 +1,216 @@
+// Sizing a window by its frame. The loop runs inside the default procedure,
+// as the original's does: it takes the mouse messages of the drag from the
+// queue itself (they never reach the window), dispatches everything else,
+// and asks the simulated user for more when the queue runs dry; with nobody
+// left to act it ends as Escape would, with the window put back.
+#include "Sizing.h"
+
+#include <platform/MessagePump.h>
+
+#include <algorithm>
+
+namespace platform::user {
+
+namespace {
+
+short LowSigned(LPARAM value) {
+    return static_cast<short>(LOWORD(value));
+}
+
+short HighSigned(LPARAM value) {
+    return static_cast<short>(HIWORD(value));
+}
+
+bool Sizable(const Window* window) {
+    return (window->style & WS_THICKFRAME) && !(window->style & (WS_MINIMIZE | WS_MAXIMIZE));
+}
+
+// The parent's client coordinates of a rectangle in screen coordinates.
+RECT InParent(HWND hwnd, RECT screen) {
+    HWND parent = (GetWindowLongPtr(hwnd, GWL_STYLE) & WS_CHILD) ? GetParent(hwnd) : nullptr;
+    if (!parent)
+        return screen;
+    POINT origin{0, 0};
+    ClientToScreen(parent, &origin);
+    return RECT{screen.left - origin.x, screen.top - origin.y, screen.right - origin.x,
+                screen.bottom - origin.y};
+}
+
+// The drag's state: where it started and what moves.
+struct Drag {
+    HWND hwnd;
+    UINT edge;
+    POINT start;
+    RECT original; // screen coordinates
+    MINMAXINFO limits;
+};
+
+bool MovesLeft(UINT edge) {
+    return edge == WMSZ_LEFT || edge == WMSZ_TOPLEFT || edge == WMSZ_BOTTOMLEFT;
+}
+bool MovesRight(UINT edge) {
+    return edge == WMSZ_RIGHT || edge == WMSZ_TOPRIGHT || edge == WMSZ_BOTTOMRIGHT;
+}
+bool MovesTop(UINT edge) {
+    return edge == WMSZ_TOP || edge == WMSZ_TOPLEFT || edge == WMSZ_TOPRIGHT;
+}
+bool MovesBottom(UINT edge) {
+    return edge == WMSZ_BOTTOM || edge == WMSZ_BOTTOMLEFT || edge == WMSZ_BOTTOMRIGHT;
+}
+
+void Track(const Drag& drag, POINT mouse) {
+    const int dx = mouse.x - drag.start.x;
+    const int dy = mouse.y - drag.start.y;
+    RECT rect = drag.original;
+    if (MovesLeft(drag.edge))
+        rect.left += dx;
+    if (MovesRight(drag.edge))
+        rect.right += dx;
+    if (MovesTop(drag.edge))
+        rect.top += dy;
+    if (MovesBottom(drag.edge))
+        rect.bottom += dy;
+    SendMessage(drag.hwnd, WM_SIZING, drag.edge, reinterpret_cast<LPARAM>(&rect));
+    // Within the track sizes, the moving edge giving way.
+    const int width =
+        std::clamp<int>(rect.right - rect.left, drag.limits.ptMinTrackSize.x,
+                        std::max(drag.limits.ptMinTrackSize.x, drag.limits.ptMaxTrackSize.x));
+    const int height =
+        std::clamp<int>(rect.bottom - rect.top, drag.limits.ptMinTrackSize.y,
+                        std::max(drag.limits.ptMinTrackSize.y, drag.limits.ptMaxTrackSize.y));
+    if (MovesLeft(drag.edge))
+        rect.left = rect.right - width;
+    else
+        rect.right = rect.left + width;
+    if (MovesTop(drag.edge))
+        rect.top = rect.bottom - height;
+    else
+        rect.bottom = rect.top + height;
+    const RECT placed = InParent(drag.hwnd, rect);
+    SetWindowPos(drag.hwnd, nullptr, placed.left, placed.top, placed.right - placed.left,
+                 placed.bottom - placed.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// The screen point of a mouse message: where the mouse was when it was
+// posted (its client coordinates would follow the window as it moves).
+POINT MousePoint(const MSG& msg) {
+    return msg.pt;
+}
+
+void RunSizingLoop(HWND hwnd, UINT edge, POINT start) {
+    Drag drag{hwnd, edge, start, RECT{}, MINMAXINFO{}};
+    GetWindowRect(hwnd, &drag.original);
+    drag.limits.ptMaxSize = POINT{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    drag.limits.ptMinTrackSize =
+        POINT{GetSystemMetrics(SM_CXMINTRACK), GetSystemMetrics(SM_CYMINTRACK)};
+    drag.limits.ptMaxTrackSize = POINT{32767, 32767};
+    SendMessage(hwnd, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&drag.limits));
+    SetCapture(hwnd);
+    SendMessage(hwnd, WM_ENTERSIZEMOVE, 0, 0);
+    bool cancelled = false;
+    for (bool done = false; !done;) {
+        if (!IsWindow(hwnd) || GetCapture() != hwnd) {
+            cancelled = true; // something else took the mouse
+            break;
+        }
+        MSG msg;
+        if (!PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE)) {
+            if (platform::RunIdle())
+                continue;
+            cancelled = true;
+            break;
+        }
+        switch (msg.message) {
+        case WM_MOUSEMOVE:
+            Track(drag, MousePoint(msg));
+            break;
+        case WM_LBUTTONUP:
+            Track(drag, MousePoint(msg));
+            done = true;
+            break;
+        case WM_KEYDOWN:
+            if (msg.wParam == VK_ESCAPE)
+                cancelled = done = true;
+            else if (msg.wParam == VK_RETURN)
+                done = true;
+            break;
+        case WM_QUIT:
+            PostQuitMessage(static_cast<int>(msg.wParam));
+            cancelled = done = true;
+            break;
+        default:
+            TranslateMessage(&msg);
+            DispatchMessage(&msg);
+            // A paint handler that left its window invalid would come back
+            // for ever.
+            if (msg.message == WM_PAINT && IsWindow(msg.hwnd))
+                ValidateRect(msg.hwnd, nullptr);
+            break;
+        }
+    }
+    if (!IsWindow(hwnd))
+        return;
+    if (cancelled) {
+        const RECT placed = InParent(hwnd, drag.original);
+        SetWindowPos(hwnd, nullptr, placed.left, placed.top, placed.right - placed.left,
+                     placed.bottom - placed.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    if (GetCapture() == hwnd)
+        ReleaseCapture();
+    SendMessage(hwnd, WM_EXITSIZEMOVE, 0, 0);
+}
+
+} // namespace
+
+LRESULT NonClientHitTest(const Window* window, POINT screen) {
+    RECT rect;
+    GetWindowRect(window->handle, &rect);
+    const int x = screen.x - rect.left, y = screen.y - rect.top;
+    const int width = window->Width(), height = window->Height();
+    if (x < 0 || y < 0 || x >= width || y >= height)
+        return HTNOWHERE;
+    const RECT& frame = window->frame;
+    if (x >= frame.left && x < width - frame.right && y >= frame.top && y < height - frame.bottom)
+        return HTCLIENT;
+    if (Sizable(window)) {
+        const int border = frame.left;
+        const int corner = GetSystemMetrics(SM_CYCAPTION);
+        const bool left = x < border, right = x >= width - border;
+        const bool top = y < border, bottom = y >= height - border;
+        if (left || right || top || bottom) {
+            const bool nearTop = top || y < corner, nearBottom = bottom || y >= height - corner;
+            const bool nearLeft = left || x < corner, nearRight = right || x >= width - corner;
+            if (nearTop && nearLeft)
+                return HTTOPLEFT;
+            if (nearTop && nearRight)
+                return HTTOPRIGHT;
+            if (nearBottom && nearLeft)
+                return HTBOTTOMLEFT;
+            if (nearBottom && nearRight)
+                return HTBOTTOMRIGHT;
+            return left ? HTLEFT : right ? HTRIGHT : top ? HTTOP : HTBOTTOM;
+        }
+    }
+    if ((window->style & WS_CAPTION) == WS_CAPTION && y < frame.top &&
+        y >= frame.top - GetSystemMetrics(SM_CYCAPTION) -
+                 (window->menu ? GetSystemMetrics(SM_CYMENU) : 0))
+        return window->menu && y >= frame.top - GetSystemMetrics(SM_CYMENU) ? HTMENU : HTCAPTION;
+    return HTBORDER;
+}
+
+void NonClientPress(HWND hwnd, WPARAM hit, LPARAM where) {
+    if (hit >= HTLEFT && hit <= HTBOTTOMRIGHT)
+        SendMessage(hwnd, WM_SYSCOMMAND, SC_SIZE + (hit - HTLEFT + WMSZ_LEFT), where);
+}
+
+void SystemCommand(HWND hwnd, WPARAM command, LPARAM where) {
+    Window* window = WindowManager::Instance().Find(hwnd);
+    if (!window || (command & 0xFFF0) != SC_SIZE || !Sizable(window))
+        return;
+    const UINT edge = static_cast<UINT>(command & 0x0F);
+    if (edge < WMSZ_LEFT || edge > WMSZ_BOTTOMRIGHT)
+        return;
+    RunSizingLoop(hwnd, edge, POINT{LowSigned(where), HighSigned(where)});
+}
+
+} // namespace platform::user
