@@ -9,6 +9,8 @@
 #include <cairo.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <cstring>
 #include <vector>
 
 namespace platform::gdi {
@@ -99,8 +101,54 @@ void CairoText(DeviceContext& dc, FontInstance& font, int x, int y, const char16
     cairo_fill(cr);
 }
 
+// The selected font as the device draws it: under a scaling mapping mode
+// its height and width are mapped to device pixels first.
 FontInstance& CurrentFont(DeviceContext& dc) {
-    return InstanceOf(*dc.font);
+    if (dc.mapping.Unscaled())
+        return InstanceOf(*dc.font);
+    LOGFONTW lf = dc.font->logFont;
+    lf.lfHeight = dc.mapping.HeightToDevice(lf.lfHeight);
+    lf.lfWidth = dc.mapping.WidthToDevice(lf.lfWidth);
+    // A height that maps to nothing still asks for the smallest font, not
+    // the default size that a height of 0 means.
+    if (lf.lfHeight == 0 && dc.font->logFont.lfHeight != 0)
+        lf.lfHeight = dc.font->logFont.lfHeight < 0 ? -1 : 1;
+    if (!dc.mappedFont || std::memcmp(&lf, &dc.mappedFor, sizeof lf) != 0) {
+        dc.mappedFont = FontInstance::For(lf);
+        dc.mappedFor = lf;
+    }
+    return *dc.mappedFont;
+}
+
+// Draws text with its top-left corner at device point (x, y), clipped to
+// clip (device pixels) when given and the text's box does not fit in it.
+void Output(DeviceContext& dc, int x, int y, const char16_t* text, int count, const RECT* clip) {
+    FontInstance& font = CurrentFont(dc);
+    int width = 0;
+    for (int i = 0; i < count; ++i)
+        width += font.Advance(text[i]);
+    bool clipped = clip && (x < clip->left || y < clip->top || x + width > clip->right ||
+                            y + font.Metrics().tmHeight > clip->bottom);
+    RECT saved = dc.clip;
+    if (clipped) {
+        RECT box{clip->left + dc.origin.x, clip->top + dc.origin.y, clip->right + dc.origin.x,
+                 clip->bottom + dc.origin.y};
+        dc.clip = RECT{std::max(saved.left, box.left), std::max(saved.top, box.top),
+                       std::min(saved.right, box.right), std::min(saved.bottom, box.bottom)};
+        if (dc.clip.right <= dc.clip.left || dc.clip.bottom <= dc.clip.top) {
+            dc.clip = saved;
+            return;
+        }
+        ResetCairo(dc);
+    }
+    if (dc.Direct() && FastPathsEnabled() && !font.Synthesised())
+        BlitText(dc, font, x, y, text, count, width);
+    else
+        CairoText(dc, font, x, y, text, count, width);
+    if (clipped) {
+        dc.clip = saved;
+        ResetCairo(dc);
+    }
 }
 
 } // namespace
@@ -140,14 +188,8 @@ BOOL TextOutW(HDC hdc, int x, int y, LPCWSTR text, int count) {
     }
     if (count == 0)
         return TRUE;
-    FontInstance& font = CurrentFont(*dc);
-    int width = 0;
-    for (int i = 0; i < count; ++i)
-        width += font.Advance(text[i]);
-    if (dc->Direct() && FastPathsEnabled() && !font.Synthesised())
-        BlitText(*dc, font, x, y, text, count, width);
-    else
-        CairoText(*dc, font, x, y, text, count, width);
+    POINT at = dc->mapping.ToDevice(x, y);
+    Output(*dc, at.x, at.y, text, count, nullptr);
     return TRUE;
 }
 
@@ -159,8 +201,8 @@ BOOL GetTextExtentPoint32W(HDC hdc, LPCWSTR text, int count, LPSIZE size) {
     LONG width = 0;
     for (int i = 0; i < count; ++i)
         width += font.Advance(text[i]);
-    size->cx = width;
-    size->cy = font.Metrics().tmHeight;
+    size->cx = std::abs(dc->mapping.WidthToLogical(width));
+    size->cy = std::abs(dc->mapping.HeightToLogical(font.Metrics().tmHeight));
     return TRUE;
 }
 
@@ -169,6 +211,14 @@ BOOL GetTextMetricsW(HDC hdc, LPTEXTMETRICW tm) {
     if (!dc || !tm)
         return FALSE;
     *tm = CurrentFont(*dc).Metrics();
+    if (!dc->mapping.Unscaled()) {
+        const Mapping& m = dc->mapping;
+        for (LONG* height : {&tm->tmHeight, &tm->tmAscent, &tm->tmDescent, &tm->tmInternalLeading,
+                             &tm->tmExternalLeading})
+            *height = std::abs(m.HeightToLogical(*height));
+        for (LONG* width : {&tm->tmAveCharWidth, &tm->tmMaxCharWidth, &tm->tmOverhang})
+            *width = std::abs(m.WidthToLogical(*width));
+    }
     return TRUE;
 }
 
@@ -177,6 +227,11 @@ BOOL ExtTextOutW(HDC hdc, int x, int y, UINT options, const RECT* rect, LPCWSTR 
     DeviceContext* dc = LookupDC(hdc);
     if (!dc || count > 0x7FFFFFFF)
         return FALSE;
+    if (count > 0 && !text)
+        return FALSE;
+    RECT box{};
+    if (rect)
+        box = dc->mapping.ToDevice(*rect);
     if ((options & ETO_OPAQUE) && rect) {
         if (dc->journal) {
             JournalEntry& entry = Record(*dc, "ExtTextOut");
@@ -185,17 +240,35 @@ BOOL ExtTextOutW(HDC hdc, int x, int y, UINT options, const RECT* rect, LPCWSTR 
             entry.args[2] = rect->right;
             entry.args[3] = rect->bottom;
         }
-        PaintRect(*dc, rect->left, rect->top, rect->right - rect->left, rect->bottom - rect->top,
-                  dc->bkColor);
+        PaintRect(*dc, box.left, box.top, box.right - box.left, box.bottom - box.top, dc->bkColor);
     }
     if (count == 0)
         return TRUE;
-    if (!widths)
-        return TextOutW(hdc, x, y, text, static_cast<int>(count));
-    // Explicit advances: one character at a time.
+    const RECT* clip = (options & ETO_CLIPPED) && rect ? &box : nullptr;
+    if (!widths) {
+        if (dc->journal) {
+            JournalEntry& entry = Record(*dc, "TextOut");
+            entry.args[0] = x;
+            entry.args[1] = y;
+            entry.args[2] = static_cast<int>(count);
+            entry.text.assign(text, count);
+        }
+        POINT at = dc->mapping.ToDevice(x, y);
+        Output(*dc, at.x, at.y, text, static_cast<int>(count), clip);
+        return TRUE;
+    }
+    // Explicit advances (logical units): one character at a time.
     int pen = x;
     for (UINT i = 0; i < count; ++i) {
-        TextOutW(hdc, pen, y, text + i, 1);
+        if (dc->journal) {
+            JournalEntry& entry = Record(*dc, "TextOut");
+            entry.args[0] = pen;
+            entry.args[1] = y;
+            entry.args[2] = 1;
+            entry.text.assign(text + i, 1);
+        }
+        POINT at = dc->mapping.ToDevice(pen, y);
+        Output(*dc, at.x, at.y, text + i, 1, clip);
         pen += widths[i];
     }
     return TRUE;
