@@ -211,3 +211,30 @@ COLORREF CDC::SetPixel(int x, int y, COLORREF color) {
 int CDC::GetClipBox(LPRECT rect) const {
     return ::GetClipBox(m_hDC, rect);
 }
+
+int CDC::StartDoc(LPDOCINFO info) {
+    return ::StartDoc(m_hDC, info);
+}
+
+int CDC::StartDoc(LPCTSTR docName) {
+    DOCINFO info{};
+    info.cbSize = sizeof(info);
+    info.lpszDocName = docName;
+    return ::StartDoc(m_hDC, &info);
+}
+
+int CDC::StartPage() {
+    return ::StartPage(m_hDC);
+}
+
+int CDC::EndPage() {
+    return ::EndPage(m_hDC);
+}
+
+int CDC::EndDoc() {
+    return ::EndDoc(m_hDC);
+}
+
+int CDC::AbortDoc() {
+    return ::AbortDoc(m_hDC);
+}

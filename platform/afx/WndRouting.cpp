@@ -14,7 +14,6 @@ extern HWND g_lockoutNotifyWindow;
 
 namespace {
 
-// The messages being handled, innermost last, for Default().
 // The messages being handled, innermost first: each call of a window's
 // procedure links a node on its own stack frame, so Default() can pass the
 // current message on. Initial-exec: the library is loaded with the program,
@@ -105,6 +104,10 @@ LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (m_pfnSuper)
         return m_pfnSuper(m_hWnd, message, wParam, lParam);
     return ::DefWindowProc(m_hWnd, message, wParam, lParam);
+}
+
+const MSG* CWnd::GetCurrentMessage() {
+    return t_currentMessage ? &t_currentMessage->msg : nullptr;
 }
 
 LRESULT CWnd::Default() {

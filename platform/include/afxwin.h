@@ -68,6 +68,8 @@ class CDC : public CObject {
 public:
     HDC m_hDC = nullptr;
     HDC m_hAttribDC = nullptr;
+    // Set while the DC prints or draws a preview page.
+    BOOL m_bPrinting = FALSE;
 
     CDC() = default;
     ~CDC() override;
@@ -143,6 +145,15 @@ public:
     void LPtoDP(LPRECT rect) const;
     void DPtoLP(LPPOINT points, int count = 1) const;
     void DPtoLP(LPRECT rect) const;
+
+    // Printing: a document of pages on a printer DC.
+    BOOL IsPrinting() const { return m_bPrinting; }
+    int StartDoc(LPDOCINFO info);
+    int StartDoc(LPCTSTR docName);
+    int StartPage();
+    int EndPage();
+    int EndDoc();
+    int AbortDoc();
 
 private:
     CDC(const CDC&) = delete;

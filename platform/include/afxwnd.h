@@ -204,6 +204,10 @@ public:
     // Hands a message for hwnd to wnd's WindowProc.
     friend LRESULT AfxCallWndProc(CWnd* wnd, HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 
+    // The message the innermost window procedure is handling, or null outside
+    // one; a command handler reads its id from it.
+    static const MSG* GetCurrentMessage();
+
     // The framework's window state flags.
     UINT m_nFlags = 0;
     int m_nModalResult = 0;
