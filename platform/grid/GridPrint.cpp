@@ -69,3 +69,25 @@ void CGXGridView::OnGXEndPrinting(CDC*, CPrintInfo*) {
 UINT CGXGridView::GetPrintPageCount() const {
     return m_pages ? m_pages->Count() : 0;
 }
+
+BOOL CGXGridView::OnPreparePrinting(CPrintInfo* info) {
+    return DoPreparePrinting(info);
+}
+
+void CGXGridView::OnBeginPrinting(CDC* dc, CPrintInfo* info) {
+    OnGXBeginPrinting(dc, info);
+}
+
+void CGXGridView::OnPrepareDC(CDC* dc, CPrintInfo* info) {
+    CGXView::OnPrepareDC(dc, info);
+    if (info)
+        SetPrintMapping(dc);
+}
+
+void CGXGridView::OnPrint(CDC* dc, CPrintInfo* info) {
+    OnGXPrint(dc, info);
+}
+
+void CGXGridView::OnEndPrinting(CDC* dc, CPrintInfo* info) {
+    OnGXEndPrinting(dc, info);
+}

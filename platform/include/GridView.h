@@ -49,6 +49,16 @@ public:
     virtual void OnGXBeginPrinting(CDC* dc, CPrintInfo* info);
     virtual void OnGXPrint(CDC* dc, CPrintInfo* info);
     virtual void OnGXEndPrinting(CDC* dc, CPrintInfo* info);
+
+    // The framework's print steps run the grid's: the print dialog (or the
+    // default printer), then begin, each page and end as above. Before each
+    // page the DC is set up for printing, so that what a derived view draws
+    // on the page shares the grid's units.
+    BOOL OnPreparePrinting(CPrintInfo* info) override;
+    void OnBeginPrinting(CDC* dc, CPrintInfo* info) override;
+    void OnPrepareDC(CDC* dc, CPrintInfo* info = nullptr) override;
+    void OnPrint(CDC* dc, CPrintInfo* info) override;
+    void OnEndPrinting(CDC* dc, CPrintInfo* info) override;
     // The pages the last begin step counted; 0 outside a print job.
     UINT GetPrintPageCount() const;
 
