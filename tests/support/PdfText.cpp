@@ -63,8 +63,8 @@ bool PageHas(const std::vector<std::string>& lines, const std::string& text) {
 std::vector<PdfWord> PdfPageWords(const std::filesystem::path& pdf, int page) {
     std::string html = Run("pdftotext -bbox -f " + std::to_string(page) + " -l " +
                            std::to_string(page) + " " + Quoted(pdf) + " - 2>/dev/null");
-    static const std::regex word("<word xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\" "
-                                 "xMax=\"([0-9.]+)\" yMax=\"([0-9.]+)\">([^<]*)</word>");
+    static const std::regex word("<word xMin=\"(-?[0-9.]+)\" yMin=\"(-?[0-9.]+)\" "
+                                 "xMax=\"(-?[0-9.]+)\" yMax=\"(-?[0-9.]+)\">([^<]*)</word>");
     std::vector<PdfWord> words;
     for (auto it = std::sregex_iterator(html.begin(), html.end(), word);
          it != std::sregex_iterator(); ++it) {
