@@ -5,7 +5,7 @@
 set -euo pipefail
 packages=(
     build-essential cmake ninja-build pkg-config clang libclang-rt-14-dev
-    libcairo2-dev libfontconfig-dev libfreetype-dev libicu-dev
+    libcairo2-dev libfontconfig-dev libfreetype-dev libicu-dev libcups2-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     fonts-dejavu-core fonts-dejavu-extra fonts-liberation2
     poppler-utils dialog

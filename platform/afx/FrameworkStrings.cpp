@@ -21,6 +21,8 @@ CString FrameworkString(UINT id) {
         return u"Failed to create empty document.";
     case AFX_IDP_INVALID_FILENAME:
         return u"Invalid filename.";
+    case AFX_IDP_FAILED_TO_START_PRINT:
+        return u"Could not start print job.";
     default:
         return CString();
     }

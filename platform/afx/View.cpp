@@ -67,8 +67,6 @@ void CView::OnPaint() {
     OnDraw(&dc);
 }
 
-void CView::OnPrepareDC(CDC*, CPrintInfo*) {}
-
 void CView::OnInitialUpdate() {
     OnUpdate(nullptr, 0, nullptr);
 }

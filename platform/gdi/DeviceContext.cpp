@@ -31,7 +31,7 @@ void ResetCairo(DeviceContext& dc) {
     dc.cr = cairo_create(dc.surface);
     cairo_set_antialias(dc.cr, CAIRO_ANTIALIAS_NONE);
     if (dc.kind == DcKind::Printer)
-        cairo_scale(dc.cr, 72.0 / dc.dpi, 72.0 / dc.dpi);
+        cairo_scale(dc.cr, dc.scale, dc.scale);
     if (dc.excluded.empty()) {
         cairo_rectangle(dc.cr, dc.clip.left, dc.clip.top, dc.clip.right - dc.clip.left,
                         dc.clip.bottom - dc.clip.top);

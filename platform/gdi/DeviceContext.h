@@ -50,7 +50,7 @@ struct Mapping {
 
 struct DeviceContext : GdiObject {
     DcKind kind = DcKind::Memory;
-    cairo_surface_t* surface = nullptr; // the target; owned only by printer DCs
+    cairo_surface_t* surface = nullptr; // the target; owned (referenced) only by printer DCs
     cairo_t* cr = nullptr;
     // Logical (0, 0) in device pixels, and the clip in device pixels.
     POINT origin{0, 0};
@@ -86,6 +86,20 @@ struct DeviceContext : GdiObject {
     bool inPage = false;
     int pageWidth = 0; // in device dots
     int pageHeight = 0;
+    // The output the printer was created with (the PDF printer's file), and
+    // the print queue the finished document goes to (empty for the PDF
+    // printer, and when StartDoc named a file instead).
+    std::string port;
+    std::string queue;
+    std::string submitTo;
+    std::string title;
+    int copies = 1;
+    bool collate = false;
+    // Cairo units per dot: points for a PDF page, pixels for a preview page.
+    double scale = 1.0;
+    // A preview page: a printer DC drawing onto a bitmap at a small scale,
+    // where every line and rectangle keeps at least one pixel.
+    bool preview = false;
 
     explicit DeviceContext(DcKind dcKind)
         : GdiObject(dcKind == DcKind::Memory ? OBJ_MEMDC : OBJ_DC), kind(dcKind) {}

@@ -8,6 +8,7 @@
 #include <cairo.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace platform::gdi {
@@ -20,6 +21,23 @@ void PaintRect(DeviceContext& dc, int x, int y, int width, int height, COLORREF 
         return;
     }
     SetSource(dc, color);
+    if (dc.preview) {
+        // A preview page is far smaller than the paper: the rectangle's edges
+        // go to whole pixels and it keeps at least one, so thin rules show.
+        double left = x, top = y, right = x + width, bottom = y + height;
+        cairo_user_to_device(dc.cr, &left, &top);
+        cairo_user_to_device(dc.cr, &right, &bottom);
+        left = std::round(left);
+        top = std::round(top);
+        right = std::max(std::round(right), left + 1);
+        bottom = std::max(std::round(bottom), top + 1);
+        cairo_save(dc.cr);
+        cairo_identity_matrix(dc.cr);
+        cairo_rectangle(dc.cr, left, top, right - left, bottom - top);
+        cairo_fill(dc.cr);
+        cairo_restore(dc.cr);
+        return;
+    }
     cairo_rectangle(dc.cr, x, y, width, height);
     cairo_fill(dc.cr);
 }

@@ -107,7 +107,11 @@ void Stroke(DeviceContext& dc, const Pen& pen, const POINT* points, int count, b
     if (!close && StrokeAxisAligned(dc, pen, points, count))
         return;
     TracePath(dc.cr, points, count, close);
-    cairo_set_line_width(dc.cr, pen.width < 1 ? 1 : pen.width);
+    double width = pen.width < 1 ? 1 : pen.width;
+    // On a preview page a stroke keeps at least one pixel.
+    if (dc.preview && width * dc.scale < 1)
+        width = 1 / dc.scale;
+    cairo_set_line_width(dc.cr, width);
     cairo_set_line_cap(dc.cr, CairoCap(pen.style));
     cairo_set_line_join(dc.cr, CairoJoin(pen.style));
     SetSource(dc, pen.color);

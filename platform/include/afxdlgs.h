@@ -190,6 +190,51 @@ private:
     mutable CTabCtrl* m_tabControl = nullptr;
 };
 
+// The print dialog: DoModal runs the platform's print dialog (PrintDlg) with
+// m_pd, which the host may adjust between the constructor and DoModal. The
+// dialog owns the printer's names and settings it returns (m_pd.hDevNames,
+// m_pd.hDevMode) and frees them with itself; a DC it creates is the caller's.
+class CPrintDialog : public CDialog {
+public:
+    // bPrintSetupOnly shows only the choice of printer.
+    explicit CPrintDialog(BOOL bPrintSetupOnly,
+                          DWORD dwFlags = PD_ALLPAGES | PD_USEDEVMODECOPIES | PD_NOPAGENUMS |
+                                          PD_HIDEPRINTTOFILE | PD_NOSELECTION,
+                          CWnd* pParentWnd = nullptr);
+    ~CPrintDialog() override;
+    CPrintDialog(const CPrintDialog&) = delete;
+    CPrintDialog& operator=(const CPrintDialog&) = delete;
+
+    // IDOK once the user chose, IDCANCEL when the user cancelled or the
+    // request was bad (CommDlgExtendedError tells which).
+    INT_PTR DoModal() override;
+    // The default printer's names and settings, without showing anything;
+    // with PD_RETURNDC in m_pd.Flags its DC as well. FALSE when there is
+    // none.
+    BOOL GetDefaults();
+
+    // The chosen printer: its name, its driver ("WINSPOOL") and where it
+    // sends its pages (the PDF printer's file). Empty before a choice.
+    CString GetDeviceName() const;
+    CString GetDriverName() const;
+    CString GetPortName() const;
+    // The printer's settings, locked in m_pd.hDevMode; null before a choice.
+    LPDEVMODE GetDevMode() const;
+    int GetCopies() const;
+    BOOL PrintCollate() const { return (m_pd.Flags & PD_COLLATE) != 0; }
+    BOOL PrintSelection() const { return (m_pd.Flags & PD_SELECTION) != 0; }
+    BOOL PrintAll() const { return !PrintRange() && !PrintSelection(); }
+    BOOL PrintRange() const { return (m_pd.Flags & PD_PAGENUMS) != 0; }
+    int GetFromPage() const { return PrintRange() ? m_pd.nFromPage : -1; }
+    int GetToPage() const { return PrintRange() ? m_pd.nToPage : -1; }
+    // A DC for the chosen printer, kept in m_pd.hDC (any earlier one is
+    // deleted); null when no printer was chosen or it is gone.
+    HDC CreatePrinterDC();
+    HDC GetPrinterDC() const { return m_pd.hDC; }
+
+    PRINTDLG m_pd{};
+};
+
 // The colour dialog: DoModal runs the platform's colour dialog (ChooseColor)
 // with m_cc, which the host may adjust between the constructor and DoModal.
 // A non-black initial colour is proposed (CC_RGBINIT); black is not.

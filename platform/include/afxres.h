@@ -24,6 +24,15 @@
 #define ID_NEXT_PANE 0xE150
 #define ID_PREV_PANE 0xE151
 
+// Print preview's commands, the buttons of its tool bar.
+#define AFX_ID_PREVIEW_CLOSE 0xE300
+#define AFX_ID_PREVIEW_NUMPAGE 0xE301
+#define AFX_ID_PREVIEW_NEXT 0xE302
+#define AFX_ID_PREVIEW_PREV 0xE303
+#define AFX_ID_PREVIEW_PRINT 0xE304
+#define AFX_ID_PREVIEW_ZOOMIN 0xE305
+#define AFX_ID_PREVIEW_ZOOMOUT 0xE306
+
 // Window identifiers: control bars, then the pane (the view, or a frame's
 // MDI client) that fills what they leave.
 #define AFX_IDW_CONTROLBAR_FIRST 0xE800
@@ -31,6 +40,8 @@
 #define AFX_IDW_STATUS_BAR 0xE801
 #define AFX_IDW_PANE_FIRST 0xE900
 #define AFX_IDW_PANE_LAST 0xE9FF
+// A view set aside while print preview takes its place.
+#define AFX_IDW_PANE_SAVE 0xEA21
 // The Window menu's first document.
 #define AFX_IDM_FIRST_MDICHILD 0xFF00
 
@@ -45,3 +56,4 @@
 #define AFX_IDP_FAILED_TO_SAVE_DOC 0xF102
 #define AFX_IDP_ASK_TO_SAVE 0xF103
 #define AFX_IDP_FAILED_TO_CREATE_DOC 0xF104
+#define AFX_IDP_FAILED_TO_START_PRINT 0xF106

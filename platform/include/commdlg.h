@@ -118,3 +118,97 @@ typedef struct tagCHOOSECOLORW {
 // bad (it gives the reason). Hooks and templates are not supported.
 BOOL ChooseColorW(LPCHOOSECOLORW cc);
 #define ChooseColor ChooseColorW
+
+// PRINTDLG flags.
+#define PD_ALLPAGES 0x00000000
+#define PD_SELECTION 0x00000001
+#define PD_PAGENUMS 0x00000002
+#define PD_NOSELECTION 0x00000004
+#define PD_NOPAGENUMS 0x00000008
+#define PD_COLLATE 0x00000010
+#define PD_PRINTTOFILE 0x00000020
+#define PD_PRINTSETUP 0x00000040
+#define PD_NOWARNING 0x00000080
+#define PD_RETURNDC 0x00000100
+#define PD_RETURNIC 0x00000200
+#define PD_RETURNDEFAULT 0x00000400
+#define PD_SHOWHELP 0x00000800
+#define PD_ENABLEPRINTHOOK 0x00001000
+#define PD_ENABLESETUPHOOK 0x00002000
+#define PD_ENABLEPRINTTEMPLATE 0x00004000
+#define PD_ENABLESETUPTEMPLATE 0x00008000
+#define PD_ENABLEPRINTTEMPLATEHANDLE 0x00010000
+#define PD_ENABLESETUPTEMPLATEHANDLE 0x00020000
+#define PD_USEDEVMODECOPIES 0x00040000
+#define PD_USEDEVMODECOPIESANDCOLLATE 0x00040000
+#define PD_DISABLEPRINTTOFILE 0x00080000
+#define PD_HIDEPRINTTOFILE 0x00100000
+#define PD_NONETWORKBUTTON 0x00200000
+
+// CommDlgExtendedError codes of the print dialog.
+#define PDERR_SETUPFAILURE 0x1001
+#define PDERR_PARSEFAILURE 0x1002
+#define PDERR_RETDEFFAILURE 0x1003
+#define PDERR_LOADDRVFAILURE 0x1004
+#define PDERR_GETDEVMODEFAIL 0x1005
+#define PDERR_INITFAILURE 0x1006
+#define PDERR_NODEVICES 0x1007
+#define PDERR_NODEFAULTPRN 0x1008
+#define PDERR_DNDMMISMATCH 0x1009
+#define PDERR_CREATEICFAILURE 0x100A
+#define PDERR_PRINTERNOTFOUND 0x100B
+#define PDERR_DEFAULTDIFFERENT 0x100C
+
+// A printer's names in one global block: the offsets count characters from
+// the block's start to NUL-ended strings. The driver is "WINSPOOL"; the device
+// is the printer's name; the output is where the printer sends its pages (a
+// file for the PDF printer).
+#define DN_DEFAULTPRN 0x0001
+typedef struct tagDEVNAMES {
+    WORD wDriverOffset;
+    WORD wDeviceOffset;
+    WORD wOutputOffset;
+    WORD wDefault;
+} DEVNAMES, *LPDEVNAMES;
+
+typedef UINT_PTR (*LPPRINTHOOKPROC)(HWND, UINT, WPARAM, LPARAM);
+typedef UINT_PTR (*LPSETUPHOOKPROC)(HWND, UINT, WPARAM, LPARAM);
+
+// hDevNames chooses the printer the dialog starts on (the default one when
+// null) and receives the chosen printer's names, in a new block that the
+// caller frees with GlobalFree. nFromPage and nToPage receive the page range
+// with PD_PAGENUMS; nCopies the number of copies. hDevMode stays null: the
+// platform's printers have no device modes.
+typedef struct tagPDW {
+    DWORD lStructSize;
+    HWND hwndOwner;
+    HGLOBAL hDevMode;
+    HGLOBAL hDevNames;
+    HDC hDC;
+    DWORD Flags;
+    WORD nFromPage;
+    WORD nToPage;
+    WORD nMinPage;
+    WORD nMaxPage;
+    WORD nCopies;
+    HINSTANCE hInstance;
+    LPARAM lCustData;
+    LPPRINTHOOKPROC lpfnPrintHook;
+    LPSETUPHOOKPROC lpfnSetupHook;
+    LPCWSTR lpPrintTemplateName;
+    LPCWSTR lpSetupTemplateName;
+    HGLOBAL hPrintTemplate;
+    HGLOBAL hSetupTemplate;
+} PRINTDLGW, *LPPRINTDLGW, PRINTDLG, *LPPRINTDLG;
+
+// Runs the platform's print dialog modally over hwndOwner: the printer (the
+// PDF printer, which writes a file the user names, and the system's print
+// queues), the page range (all pages, or pages from and to within nMinPage
+// and nMaxPage) and the number of copies. PD_RETURNDEFAULT shows nothing and
+// returns the default printer (hDevNames must be null then). PD_RETURNDC
+// also creates the chosen printer's DC in hDC. TRUE when the user chose;
+// FALSE when the user cancelled (CommDlgExtendedError gives 0) or the request
+// was bad (it gives the reason). Hooks, templates and print setup are not
+// supported.
+BOOL PrintDlgW(LPPRINTDLGW pd);
+#define PrintDlg PrintDlgW

@@ -18,3 +18,16 @@
 #define COLOR_BLUE 708    // "Blue" value field
 #define COLOR_CURRENT 709 // the colour being chosen
 #define COLOR_BOX1 720    // the basic colours' label
+
+// The print dialog.
+#define chx2 0x0411 // "Collate"
+#define rad1 0x0420 // "All" pages
+#define rad3 0x0422 // "Pages" from and to
+#define grp1 0x0430 // "Print range"
+#define grp2 0x0431 // "Copies"
+#define stc5 0x0444 // where the chosen printer's pages go
+#define cmb4 0x0473 // the printer's name
+#define edt2 0x0481 // "to" page (edt1 is the "from" page)
+#define edt3 0x0482 // "Number of copies"
+#define edt4 0x0483 // the PDF printer's file name
+#define psh2 0x0401 // "Browse..." for the file name

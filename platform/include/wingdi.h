@@ -250,6 +250,41 @@ typedef struct _DOCINFOW {
     LPCWSTR lpszDatatype;
     DWORD fwType;
 } DOCINFOW, *LPDOCINFOW, DOCINFO, *LPDOCINFO;
+// A printer's settings for one DC, the leading part of the original's
+// record: dmFields says which of the settings are given.
+#define CCHDEVICENAME 32
+#define DM_ORIENTATION 0x00000001
+#define DM_COPIES 0x00000100
+#define DM_COLLATE 0x00008000
+#define DMORIENT_PORTRAIT 1
+#define DMORIENT_LANDSCAPE 2
+#define DMCOLLATE_FALSE 0
+#define DMCOLLATE_TRUE 1
+typedef struct _devicemodeW {
+    WCHAR dmDeviceName[CCHDEVICENAME];
+    WORD dmSpecVersion;
+    WORD dmDriverVersion;
+    WORD dmSize;
+    WORD dmDriverExtra;
+    DWORD dmFields;
+    short dmOrientation;
+    short dmPaperSize;
+    short dmPaperLength;
+    short dmPaperWidth;
+    short dmScale;
+    short dmCopies;
+    short dmDefaultSource;
+    short dmPrintQuality;
+    short dmColor;
+    short dmDuplex;
+    short dmYResolution;
+    short dmTTOption;
+    short dmCollate;
+} DEVMODEW, *LPDEVMODEW, DEVMODE, *LPDEVMODE;
+
+// A printer DC: device is the printer's name (see platform/Printers.h), port
+// the PDF printer's output file (StartDoc's lpszOutput wins over it), devMode
+// a DEVMODE or null. Null for a printer that does not exist.
 HDC CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR port, const void* devMode);
 #define CreateDC CreateDCW
 int StartDocW(HDC hdc, const DOCINFOW* info);

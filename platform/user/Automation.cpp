@@ -122,6 +122,16 @@ void Queue(std::function<void()> action) {
     Current().actions.push_back(std::move(action));
 }
 
+void QueueFirst(std::vector<std::function<void()>> actions) {
+    auto& queue = Current().actions;
+    queue.insert(queue.begin(), actions.begin(), actions.end());
+}
+
+void TypeChar(char16_t ch) {
+    platform::user::KeyStroke stroke = platform::user::StrokeFor(ch);
+    PressKey(stroke.vk, ch, stroke.shift, false);
+}
+
 } // namespace detail
 
 using detail::Describe;
@@ -155,6 +165,10 @@ void ClickNow(UINT id) {
 
 void Click(UINT id) {
     Queue([id] { ClickNow(id); });
+}
+
+void detail::ClickControl(UINT id) {
+    ClickNow(id);
 }
 
 void ClickAt(HWND hwnd, POINT client) {

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace platform::automation::detail {
 
@@ -21,5 +22,13 @@ std::string Describe(HWND hwnd);
 std::string Narrow(const std::u16string& text);
 // Moves the cursor to the point and posts a left button press and release.
 void PostClick(HWND hwnd, POINT point);
+// Puts actions at the head of the queue, in order, so that they run before
+// anything queued already: the steps of an action found when it runs.
+void QueueFirst(std::vector<std::function<void()>> actions);
+// Posts the key presses that type ch to the focused window.
+void TypeChar(char16_t ch);
+// Clicks the control with this id in the active window now, or records why
+// it cannot be clicked.
+void ClickControl(UINT id);
 
 } // namespace platform::automation::detail

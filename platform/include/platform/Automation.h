@@ -124,3 +124,50 @@ void PickColor(COLORREF colour);
 bool ReadColorDialog(COLORREF* colour);
 
 } // namespace platform::automation
+
+// The print dialog (PrintDlg, CPrintDialog). Each step acts on the active
+// print dialog as a user's hand would; without one the attempt is recorded
+// and nothing happens. Click(IDOK) prints, Click(IDCANCEL) cancels.
+namespace platform::automation {
+
+// Picks the printer by its name in the printer box.
+void ChoosePrinter(const std::u16string& name);
+// Clicks "All".
+void SetPrintRangeAll();
+// Clicks "Pages" and types the first and last page into their fields.
+void SetPrintRange(int from, int to);
+// Types the number of copies.
+void SetPrintCopies(int copies);
+// Types the PDF printer's file name.
+void SetPrintFile(const std::u16string& path);
+
+// What a print dialog shows.
+struct PrintDialogView {
+    std::u16string title;
+    std::vector<std::u16string> printers; // the printer box's list
+    std::u16string printer;               // the chosen one
+    std::u16string where;                 // where its pages go
+    std::u16string file;                  // the file name field
+    bool fileEnabled = false;
+    bool allPages = false; // "All" is checked
+    bool pagesEnabled = false;
+    std::u16string from, to; // the page fields
+    std::u16string copies;
+    bool copiesEnabled = false;
+    bool collate = false;
+};
+// Reads the active window when it is a print dialog; false otherwise.
+bool ReadPrintDialog(PrintDialogView* view);
+
+} // namespace platform::automation
+
+// Print preview.
+namespace platform::automation {
+
+// Clicks the button of the print preview tool bar in the active window that
+// carries command (AFX_ID_PREVIEW_PRINT, _NEXT, _PREV, _NUMPAGE, _ZOOMIN,
+// _ZOOMOUT, _CLOSE). A button that is missing or disabled is recorded and
+// nothing happens.
+void ClickPreviewButton(UINT command);
+
+} // namespace platform::automation

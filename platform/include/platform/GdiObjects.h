@@ -38,6 +38,15 @@ void SetFastPaths(bool enabled);
 // Where printer DCs write their PDF when the document names no output file,
 // and at what resolution they print (dots per inch; pages are US Letter).
 void SetPrinterOutput(const std::string& path);
+std::string PrinterOutput();
 void SetPrinterResolution(int dpi);
+
+// A DC that draws one printed page onto a bitmap, for print preview: it
+// reports the printer DC's page size and resolution (GetDeviceCaps), measures
+// text as the printer does, and scales what is drawn in the printer's dots to
+// the bitmap's width; every line and rectangle keeps at least one pixel. It
+// starts no document. Delete it with DeleteDC. Null when printer is no
+// printer DC or page no bitmap.
+HDC CreatePreviewDC(HDC printer, HBITMAP page);
 
 } // namespace platform
