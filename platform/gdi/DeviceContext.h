@@ -11,6 +11,7 @@
 #include <vector>
 
 typedef struct _cairo cairo_t;
+typedef struct _cairo_font_face cairo_font_face_t;
 
 namespace platform::gdi {
 
@@ -79,6 +80,9 @@ struct DeviceContext : GdiObject {
     LOGFONTW mappedFor{};
     GdiJournal* journal = nullptr;
     COLORREF cairoSource = CLR_INVALID; // the colour last given to Cairo
+    // The font face and size last given to Cairo: text in one font sets them once.
+    cairo_font_face_t* cairoFace = nullptr;
+    int cairoPpem = 0;
 
     // Printer DCs: the output file and the document state.
     std::string outputPath;

@@ -78,20 +78,31 @@ void CairoText(DeviceContext& dc, FontInstance& font, int x, int y, const char16
         cairo_rectangle(cr, x, y, width, tm.tmHeight);
         cairo_fill(cr);
     }
-    std::vector<cairo_glyph_t> glyphs(static_cast<size_t>(count));
+    // Most texts are short: their glyphs stay on the stack.
+    cairo_glyph_t local[64];
+    std::vector<cairo_glyph_t> many;
+    cairo_glyph_t* glyphs = local;
+    if (count > 64) {
+        many.resize(static_cast<size_t>(count));
+        glyphs = many.data();
+    }
     int pen = 0;
     for (int i = 0; i < count; ++i) {
         const Glyph& glyph = font.GlyphFor(text[i]);
-        glyphs[static_cast<size_t>(i)] = cairo_glyph_t{glyph.index, static_cast<double>(x + pen),
-                                                       static_cast<double>(y + tm.tmAscent)};
+        glyphs[i] = cairo_glyph_t{glyph.index, static_cast<double>(x + pen),
+                                  static_cast<double>(y + tm.tmAscent)};
         pen += glyph.advance;
     }
     if (cairo_font_face_t* face = font.CairoFace()) {
-        cairo_set_font_face(cr, face);
-        cairo_set_font_size(cr, font.Ppem());
-        cairo_set_font_options(cr, FontOptions(dc.Raster()));
+        if (dc.cairoFace != face || dc.cairoPpem != font.Ppem()) {
+            cairo_set_font_face(cr, face);
+            cairo_set_font_size(cr, font.Ppem());
+            cairo_set_font_options(cr, FontOptions(dc.Raster()));
+            dc.cairoFace = face;
+            dc.cairoPpem = font.Ppem();
+        }
         SetSource(dc, dc.textColor);
-        cairo_show_glyphs(cr, glyphs.data(), count);
+        cairo_show_glyphs(cr, glyphs, count);
     }
     SetSource(dc, dc.textColor);
     if (font.Underline())
@@ -127,28 +138,43 @@ void Output(DeviceContext& dc, int x, int y, const char16_t* text, int count, co
     int width = 0;
     for (int i = 0; i < count; ++i)
         width += font.Advance(text[i]);
-    bool clipped = clip && (x < clip->left || y < clip->top || x + width > clip->right ||
-                            y + font.Metrics().tmHeight > clip->bottom);
-    RECT saved = dc.clip;
-    if (clipped) {
-        RECT box{clip->left + dc.origin.x, clip->top + dc.origin.y, clip->right + dc.origin.x,
-                 clip->bottom + dc.origin.y};
-        dc.clip = RECT{std::max(saved.left, box.left), std::max(saved.top, box.top),
-                       std::min(saved.right, box.right), std::min(saved.bottom, box.bottom)};
-        if (dc.clip.right <= dc.clip.left || dc.clip.bottom <= dc.clip.top) {
-            dc.clip = saved;
-            return;
-        }
-        ResetCairo(dc);
+    const bool blit = dc.Direct() && FastPathsEnabled() && !font.Synthesised();
+    const bool clipped = clip && (x < clip->left || y < clip->top || x + width > clip->right ||
+                                  y + font.Metrics().tmHeight > clip->bottom);
+    if (!clipped) {
+        if (blit)
+            BlitText(dc, font, x, y, text, count, width);
+        else
+            CairoText(dc, font, x, y, text, count, width);
+        return;
     }
-    if (dc.Direct() && FastPathsEnabled() && !font.Synthesised())
+    const RECT box{clip->left + dc.origin.x, clip->top + dc.origin.y, clip->right + dc.origin.x,
+                   clip->bottom + dc.origin.y};
+    const RECT inside{std::max(dc.clip.left, box.left), std::max(dc.clip.top, box.top),
+                      std::min(dc.clip.right, box.right), std::min(dc.clip.bottom, box.bottom)};
+    if (inside.right <= inside.left || inside.bottom <= inside.top)
+        return;
+    if (blit) {
+        const RECT saved = dc.clip;
+        dc.clip = inside;
         BlitText(dc, font, x, y, text, count, width);
-    else
-        CairoText(dc, font, x, y, text, count, width);
-    if (clipped) {
         dc.clip = saved;
-        ResetCairo(dc);
+        return;
     }
+    // Through Cairo, a clip of its own that the restore takes away again,
+    // with the source and font it set inside.
+    const COLORREF source = dc.cairoSource;
+    cairo_font_face_t* face = dc.cairoFace;
+    const int ppem = dc.cairoPpem;
+    cairo_save(dc.cr);
+    cairo_rectangle(dc.cr, clip->left, clip->top, clip->right - clip->left,
+                    clip->bottom - clip->top);
+    cairo_clip(dc.cr);
+    CairoText(dc, font, x, y, text, count, width);
+    cairo_restore(dc.cr);
+    dc.cairoSource = source;
+    dc.cairoFace = face;
+    dc.cairoPpem = ppem;
 }
 
 } // namespace

@@ -102,6 +102,12 @@ CString CGXGridCore::GetValueRowCol(int row, int col) const {
     return it != m_cells.end() ? it->second.GetValue() : CString();
 }
 
+const CString& CGXGridCore::ValueRef(int row, int col) const {
+    static const CString empty;
+    auto it = m_cells.find(Key(row, col));
+    return it != m_cells.end() ? it->second.GetValue() : empty;
+}
+
 BOOL CGXGridCore::SetColWidth(int first, int last, int width, const int* widthArray, UINT flags,
                               int) {
     CGXRange cols;

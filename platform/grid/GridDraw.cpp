@@ -65,7 +65,8 @@ void CGXGridView::DrawCells(CDC* dc, const CRect& bounds, int firstRow, int last
             const bool header = row == 0 || c.col == 0;
             CRect cell(c.left, top, c.right, bottom);
             CRect inside(c.left, top, std::max(c.left, c.right - 1), std::max(top, bottom - 1));
-            CString text = header ? HeaderText(*this, row, c.col) : GetValueRowCol(row, c.col);
+            const CString headerText = header ? HeaderText(*this, row, c.col) : CString();
+            const CString& text = header ? headerText : ValueRef(row, c.col);
             if (header)
                 dc->FillSolidRect(&inside, face);
             if (text.IsEmpty())

@@ -106,6 +106,9 @@ public:
     static constexpr int kTextMarginY = 1;
 
 protected:
+    // The cell's value without a copy: an empty string for a cell without one.
+    const CString& ValueRef(int row, int col) const;
+
     // A change was made with these update flags and may be shown now: a grid
     // in a window repaints (GRID_UPDATE_INVALIDATE later, GRID_UPDATE_NOW at
     // once). The model alone has nothing to show.
