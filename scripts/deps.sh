@@ -8,7 +8,7 @@ packages=(
     libcairo2-dev libfontconfig-dev libfreetype-dev libicu-dev libcups2-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     fonts-dejavu-core fonts-dejavu-extra fonts-liberation2
-    poppler-utils dialog
+    poppler-utils dialog cups-daemon
 )
 if [ "${WIN_BENCH_PEERS:-0}" = 1 ]; then
     packages+=(libvterm-dev libtsm-dev)

@@ -19,6 +19,18 @@ namespace automation = platform::automation;
 
 class PrintDialogTest : public ::testing::Test {
 protected:
+    static void SetUpTestSuite() { ShowADialogOnce(); }
+    // The window system makes some drawing objects at their first use and
+    // keeps them (the system colours' brushes, the caption font): a print
+    // dialog shown and cancelled first makes them before anything is counted.
+    static void ShowADialogOnce() {
+        PRINTDLG once{};
+        once.lStructSize = sizeof(once);
+        once.nMinPage = once.nMaxPage = once.nFromPage = once.nToPage = 1;
+        automation::Click(IDCANCEL);
+        PrintDlg(&once);
+        automation::Reset();
+    }
     void SetUp() override {
         automation::Reset();
         blocks = platform::LiveGlobalBlocks();
