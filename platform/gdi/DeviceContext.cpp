@@ -54,6 +54,7 @@ void ResetCairo(DeviceContext& dc) {
     cairo_clip(dc.cr);
     cairo_translate(dc.cr, dc.origin.x, dc.origin.y);
     dc.cairoSource = CLR_INVALID;
+    dc.cairoFace = nullptr;
 }
 
 void SetSource(DeviceContext& dc, COLORREF color) {

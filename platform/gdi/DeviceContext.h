@@ -6,14 +6,48 @@
 
 #include <platform/GdiJournal.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
 typedef struct _cairo cairo_t;
+typedef struct _cairo_font_face cairo_font_face_t;
 
 namespace platform::gdi {
 
 enum class DcKind { Memory, Screen, Printer };
+
+// How logical coordinates become device coordinates: the mapping mode with
+// its window and viewport origins and extents. Device coordinates here are
+// relative to the DC's own origin (see DeviceContext::origin).
+struct Mapping {
+    int mode = MM_TEXT;
+    POINT windowOrg{0, 0};
+    POINT viewportOrg{0, 0};
+    SIZE windowExt{1, 1};
+    SIZE viewportExt{1, 1};
+
+    // MM_TEXT with both origins at 0: logical units are device pixels.
+    bool Identity() const {
+        return mode == MM_TEXT && windowOrg.x == 0 && windowOrg.y == 0 && viewportOrg.x == 0 &&
+               viewportOrg.y == 0;
+    }
+    // Whether a logical unit is a device pixel in both directions.
+    bool Unscaled() const {
+        return mode == MM_TEXT ||
+               (windowExt.cx == viewportExt.cx && windowExt.cy == viewportExt.cy);
+    }
+    POINT ToDevice(int x, int y) const;
+    POINT ToLogical(int x, int y) const;
+    // A rectangle's corners mapped, then put in order.
+    RECT ToDevice(const RECT& rect) const;
+    RECT ToLogical(const RECT& rect) const;
+    // Lengths along each axis, sign kept.
+    int WidthToDevice(int length) const;
+    int HeightToDevice(int length) const;
+    int WidthToLogical(int length) const;
+    int HeightToLogical(int length) const;
+};
 
 struct DeviceContext : GdiObject {
     DcKind kind = DcKind::Memory;
@@ -38,9 +72,17 @@ struct DeviceContext : GdiObject {
     COLORREF bkColor = 0xFFFFFF;
     int bkMode = OPAQUE;
     int polyFillMode = ALTERNATE;
-    POINT position{0, 0};
+    POINT position{0, 0}; // logical
+    Mapping mapping;
+    // The selected font realised at its mapped height, while the mapping
+    // scales: mappedFor is the LOGFONT it was realised for.
+    std::shared_ptr<FontInstance> mappedFont;
+    LOGFONTW mappedFor{};
     GdiJournal* journal = nullptr;
     COLORREF cairoSource = CLR_INVALID; // the colour last given to Cairo
+    // The font face and size last given to Cairo: text in one font sets them once.
+    cairo_font_face_t* cairoFace = nullptr;
+    int cairoPpem = 0;
 
     // Printer DCs: the output file and the document state.
     std::string outputPath;

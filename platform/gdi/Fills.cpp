@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace platform::gdi {
 
@@ -105,6 +106,7 @@ BOOL Rectangle(HDC hdc, int left, int top, int right, int bottom) {
     RECT rect = Normalised(left, top, right - left, bottom - top);
     if (dc->journal)
         RecordRect(*dc, "Rectangle", rect);
+    rect = dc->mapping.ToDevice(rect);
     int width = rect.right - rect.left;
     int height = rect.bottom - rect.top;
     const Pen& pen = *dc->pen;
@@ -155,6 +157,7 @@ BOOL PatBlt(HDC hdc, int x, int y, int width, int height, DWORD rop) {
     RECT rect = Normalised(x, y, width, height);
     if (dc->journal)
         RecordRect(*dc, "PatBlt", rect);
+    rect = dc->mapping.ToDevice(rect);
     PaintRect(*dc, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, color);
     return TRUE;
 }
@@ -171,7 +174,13 @@ BOOL BitBlt(HDC hdcDst, int x, int y, int width, int height, HDC hdcSrc, int xSr
         return FALSE;
     if (dst->journal)
         RecordRect(*dst, "BitBlt", RECT{x, y, x + width, y + height});
-    CopyBlock(*dst, x, y, width, height, *src, xSrc, ySrc);
+    // The block keeps its size in device pixels: no stretching.
+    RECT box = dst->mapping.ToDevice(RECT{x, y, x + width, y + height});
+    POINT from = src->mapping.ToDevice(xSrc, ySrc);
+    if (box.right <= box.left || box.bottom <= box.top)
+        return TRUE;
+    CopyBlock(*dst, box.left, box.top, box.right - box.left, box.bottom - box.top, *src, from.x,
+              from.y);
     return TRUE;
 }
 
@@ -179,8 +188,9 @@ COLORREF GetPixel(HDC hdc, int x, int y) {
     DeviceContext* dc = LookupDC(hdc);
     if (!dc || !dc->Raster())
         return CLR_INVALID;
-    long long dx = static_cast<long long>(x) + dc->origin.x;
-    long long dy = static_cast<long long>(y) + dc->origin.y;
+    POINT at = dc->mapping.ToDevice(x, y);
+    long long dx = static_cast<long long>(at.x) + dc->origin.x;
+    long long dy = static_cast<long long>(at.y) + dc->origin.y;
     if (!dc->InClip(dx, dy))
         return CLR_INVALID;
     cairo_surface_flush(dc->surface);
@@ -197,7 +207,8 @@ COLORREF SetPixel(HDC hdc, int x, int y, COLORREF color) {
     DeviceContext* dc = LookupDC(hdc);
     if (!dc)
         return CLR_INVALID;
-    PaintRect(*dc, x, y, 1, 1, color & 0xFFFFFF);
+    POINT at = dc->mapping.ToDevice(x, y);
+    PaintRect(*dc, at.x, at.y, 1, 1, color & 0xFFFFFF);
     return color & 0xFFFFFF;
 }
 
@@ -205,8 +216,9 @@ int GetClipBox(HDC hdc, LPRECT rect) {
     DeviceContext* dc = LookupDC(hdc);
     if (!dc || !rect)
         return ERROR;
-    *rect = RECT{dc->clip.left - dc->origin.x, dc->clip.top - dc->origin.y,
-                 dc->clip.right - dc->origin.x, dc->clip.bottom - dc->origin.y};
+    *rect =
+        dc->mapping.ToLogical(RECT{dc->clip.left - dc->origin.x, dc->clip.top - dc->origin.y,
+                                   dc->clip.right - dc->origin.x, dc->clip.bottom - dc->origin.y});
     bool empty = dc->clip.right <= dc->clip.left || dc->clip.bottom <= dc->clip.top;
     return empty ? NULLREGION : SIMPLEREGION;
 }
@@ -218,9 +230,15 @@ int FillRect(HDC hdc, const RECT* rect, HBRUSH handle) {
         return 0;
     if (dc->journal)
         RecordRect(*dc, "FillRect", *rect);
-    if (Paints(brush))
-        PaintRect(*dc, rect->left, rect->top, rect->right - rect->left, rect->bottom - rect->top,
-                  brush->color);
+    // Mapped as given: a rectangle whose right or bottom lies before its
+    // left or top fills nothing.
+    if (Paints(brush)) {
+        POINT from = dc->mapping.ToDevice(rect->left, rect->top);
+        POINT to = dc->mapping.ToDevice(rect->right, rect->bottom);
+        PaintRect(*dc, std::min(from.x, to.x), std::min(from.y, to.y),
+                  rect->right > rect->left ? std::abs(to.x - from.x) : 0,
+                  rect->bottom > rect->top ? std::abs(to.y - from.y) : 0, brush->color);
+    }
     return 1;
 }
 
@@ -233,11 +251,17 @@ int FrameRect(HDC hdc, const RECT* rect, HBRUSH handle) {
         RecordRect(*dc, "FrameRect", *rect);
     if (rect->right < rect->left || rect->bottom < rect->top || !Paints(brush))
         return 1;
-    int width = rect->right - rect->left;
-    int height = rect->bottom - rect->top;
-    PaintRect(*dc, rect->left, rect->top, width, 1, brush->color);
-    PaintRect(*dc, rect->left, rect->bottom - 1, width, 1, brush->color);
-    PaintRect(*dc, rect->left, rect->top, 1, height, brush->color);
-    PaintRect(*dc, rect->right - 1, rect->top, 1, height, brush->color);
+    // The border is one logical unit wide.
+    RECT outer = dc->mapping.ToDevice(*rect);
+    RECT inner = dc->mapping.ToDevice(
+        RECT{rect->left + 1, rect->top + 1, rect->right - 1, rect->bottom - 1});
+    int across = std::max<LONG>(1, inner.left - outer.left);
+    int down = std::max<LONG>(1, inner.top - outer.top);
+    int width = outer.right - outer.left;
+    int height = outer.bottom - outer.top;
+    PaintRect(*dc, outer.left, outer.top, width, down, brush->color);
+    PaintRect(*dc, outer.left, outer.bottom - down, width, down, brush->color);
+    PaintRect(*dc, outer.left, outer.top, across, height, brush->color);
+    PaintRect(*dc, outer.right - across, outer.top, across, height, brush->color);
     return 1;
 }

@@ -6,7 +6,9 @@
 
 #include <cairo.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <vector>
 
 namespace platform::gdi {
 namespace {
@@ -116,6 +118,26 @@ void Stroke(DeviceContext& dc, const Pen& pen, const POINT* points, int count, b
     cairo_stroke(dc.cr);
 }
 
+// Points and pen as the device draws them: under a mapping mode the points
+// are mapped and a geometric pen's width is scaled with them.
+struct DevicePath {
+    DevicePath(const DeviceContext& dc, const POINT* logical, int count) : pen(*dc.pen) {
+        if (dc.mapping.Identity()) {
+            points = logical;
+            return;
+        }
+        mapped.reserve(static_cast<size_t>(count));
+        for (int i = 0; i < count; ++i)
+            mapped.push_back(dc.mapping.ToDevice(logical[i].x, logical[i].y));
+        points = mapped.data();
+        if (pen.Geometric() && !dc.mapping.Unscaled())
+            pen.width = std::max(1, std::abs(dc.mapping.WidthToDevice(pen.width)));
+    }
+    std::vector<POINT> mapped;
+    const POINT* points = nullptr;
+    Pen pen;
+};
+
 void RecordPoints(DeviceContext& dc, const char* op, const POINT* points, int count) {
     JournalEntry& entry = Record(dc, op);
     entry.args[0] = count;
@@ -168,7 +190,8 @@ BOOL LineTo(HDC hdc, int x, int y) {
     POINT line[2] = {dc->position, POINT{x, y}};
     if (dc->journal)
         RecordPoints(*dc, "LineTo", line, 2);
-    Stroke(*dc, *dc->pen, line, 2, false);
+    DevicePath path(*dc, line, 2);
+    Stroke(*dc, path.pen, path.points, 2, false);
     dc->position = line[1];
     return TRUE;
 }
@@ -179,7 +202,8 @@ BOOL Polyline(HDC hdc, const POINT* points, int count) {
         return FALSE;
     if (dc->journal)
         RecordPoints(*dc, "Polyline", points, count);
-    Stroke(*dc, *dc->pen, points, count, false);
+    DevicePath path(*dc, points, count);
+    Stroke(*dc, path.pen, path.points, count, false);
     return TRUE;
 }
 
@@ -189,7 +213,9 @@ BOOL Polygon(HDC hdc, const POINT* points, int count) {
         return FALSE;
     if (dc->journal)
         RecordPoints(*dc, "Polygon", points, count);
-    if (PolygonFromMasks(*dc, points, count))
+    DevicePath path(*dc, points, count);
+    points = path.points;
+    if (dc->mapping.Unscaled() && PolygonFromMasks(*dc, points, count))
         return TRUE;
     if (Paints(dc->brush)) {
         TracePath(dc->cr, points, count, true);
@@ -198,6 +224,6 @@ BOOL Polygon(HDC hdc, const POINT* points, int count) {
         SetSource(*dc, dc->brush->color);
         cairo_fill(dc->cr);
     }
-    Stroke(*dc, *dc->pen, points, count, true);
+    Stroke(*dc, path.pen, points, count, true);
     return TRUE;
 }

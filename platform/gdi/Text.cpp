@@ -9,6 +9,8 @@
 #include <cairo.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <cstring>
 #include <vector>
 
 namespace platform::gdi {
@@ -76,20 +78,31 @@ void CairoText(DeviceContext& dc, FontInstance& font, int x, int y, const char16
         cairo_rectangle(cr, x, y, width, tm.tmHeight);
         cairo_fill(cr);
     }
-    std::vector<cairo_glyph_t> glyphs(static_cast<size_t>(count));
+    // Most texts are short: their glyphs stay on the stack.
+    cairo_glyph_t local[64];
+    std::vector<cairo_glyph_t> many;
+    cairo_glyph_t* glyphs = local;
+    if (count > 64) {
+        many.resize(static_cast<size_t>(count));
+        glyphs = many.data();
+    }
     int pen = 0;
     for (int i = 0; i < count; ++i) {
         const Glyph& glyph = font.GlyphFor(text[i]);
-        glyphs[static_cast<size_t>(i)] = cairo_glyph_t{glyph.index, static_cast<double>(x + pen),
-                                                       static_cast<double>(y + tm.tmAscent)};
+        glyphs[i] = cairo_glyph_t{glyph.index, static_cast<double>(x + pen),
+                                  static_cast<double>(y + tm.tmAscent)};
         pen += glyph.advance;
     }
     if (cairo_font_face_t* face = font.CairoFace()) {
-        cairo_set_font_face(cr, face);
-        cairo_set_font_size(cr, font.Ppem());
-        cairo_set_font_options(cr, FontOptions(dc.Raster()));
+        if (dc.cairoFace != face || dc.cairoPpem != font.Ppem()) {
+            cairo_set_font_face(cr, face);
+            cairo_set_font_size(cr, font.Ppem());
+            cairo_set_font_options(cr, FontOptions(dc.Raster()));
+            dc.cairoFace = face;
+            dc.cairoPpem = font.Ppem();
+        }
         SetSource(dc, dc.textColor);
-        cairo_show_glyphs(cr, glyphs.data(), count);
+        cairo_show_glyphs(cr, glyphs, count);
     }
     SetSource(dc, dc.textColor);
     if (font.Underline())
@@ -99,8 +112,69 @@ void CairoText(DeviceContext& dc, FontInstance& font, int x, int y, const char16
     cairo_fill(cr);
 }
 
+// The selected font as the device draws it: under a scaling mapping mode
+// its height and width are mapped to device pixels first.
 FontInstance& CurrentFont(DeviceContext& dc) {
-    return InstanceOf(*dc.font);
+    if (dc.mapping.Unscaled())
+        return InstanceOf(*dc.font);
+    LOGFONTW lf = dc.font->logFont;
+    lf.lfHeight = dc.mapping.HeightToDevice(lf.lfHeight);
+    lf.lfWidth = dc.mapping.WidthToDevice(lf.lfWidth);
+    // A height that maps to nothing still asks for the smallest font, not
+    // the default size that a height of 0 means.
+    if (lf.lfHeight == 0 && dc.font->logFont.lfHeight != 0)
+        lf.lfHeight = dc.font->logFont.lfHeight < 0 ? -1 : 1;
+    if (!dc.mappedFont || std::memcmp(&lf, &dc.mappedFor, sizeof lf) != 0) {
+        dc.mappedFont = FontInstance::For(lf);
+        dc.mappedFor = lf;
+    }
+    return *dc.mappedFont;
+}
+
+// Draws text with its top-left corner at device point (x, y), clipped to
+// clip (device pixels) when given and the text's box does not fit in it.
+void Output(DeviceContext& dc, int x, int y, const char16_t* text, int count, const RECT* clip) {
+    FontInstance& font = CurrentFont(dc);
+    int width = 0;
+    for (int i = 0; i < count; ++i)
+        width += font.Advance(text[i]);
+    const bool blit = dc.Direct() && FastPathsEnabled() && !font.Synthesised();
+    const bool clipped = clip && (x < clip->left || y < clip->top || x + width > clip->right ||
+                                  y + font.Metrics().tmHeight > clip->bottom);
+    if (!clipped) {
+        if (blit)
+            BlitText(dc, font, x, y, text, count, width);
+        else
+            CairoText(dc, font, x, y, text, count, width);
+        return;
+    }
+    const RECT box{clip->left + dc.origin.x, clip->top + dc.origin.y, clip->right + dc.origin.x,
+                   clip->bottom + dc.origin.y};
+    const RECT inside{std::max(dc.clip.left, box.left), std::max(dc.clip.top, box.top),
+                      std::min(dc.clip.right, box.right), std::min(dc.clip.bottom, box.bottom)};
+    if (inside.right <= inside.left || inside.bottom <= inside.top)
+        return;
+    if (blit) {
+        const RECT saved = dc.clip;
+        dc.clip = inside;
+        BlitText(dc, font, x, y, text, count, width);
+        dc.clip = saved;
+        return;
+    }
+    // Through Cairo, a clip of its own that the restore takes away again,
+    // with the source and font it set inside.
+    const COLORREF source = dc.cairoSource;
+    cairo_font_face_t* face = dc.cairoFace;
+    const int ppem = dc.cairoPpem;
+    cairo_save(dc.cr);
+    cairo_rectangle(dc.cr, clip->left, clip->top, clip->right - clip->left,
+                    clip->bottom - clip->top);
+    cairo_clip(dc.cr);
+    CairoText(dc, font, x, y, text, count, width);
+    cairo_restore(dc.cr);
+    dc.cairoSource = source;
+    dc.cairoFace = face;
+    dc.cairoPpem = ppem;
 }
 
 } // namespace
@@ -140,14 +214,8 @@ BOOL TextOutW(HDC hdc, int x, int y, LPCWSTR text, int count) {
     }
     if (count == 0)
         return TRUE;
-    FontInstance& font = CurrentFont(*dc);
-    int width = 0;
-    for (int i = 0; i < count; ++i)
-        width += font.Advance(text[i]);
-    if (dc->Direct() && FastPathsEnabled() && !font.Synthesised())
-        BlitText(*dc, font, x, y, text, count, width);
-    else
-        CairoText(*dc, font, x, y, text, count, width);
+    POINT at = dc->mapping.ToDevice(x, y);
+    Output(*dc, at.x, at.y, text, count, nullptr);
     return TRUE;
 }
 
@@ -159,8 +227,8 @@ BOOL GetTextExtentPoint32W(HDC hdc, LPCWSTR text, int count, LPSIZE size) {
     LONG width = 0;
     for (int i = 0; i < count; ++i)
         width += font.Advance(text[i]);
-    size->cx = width;
-    size->cy = font.Metrics().tmHeight;
+    size->cx = std::abs(dc->mapping.WidthToLogical(width));
+    size->cy = std::abs(dc->mapping.HeightToLogical(font.Metrics().tmHeight));
     return TRUE;
 }
 
@@ -169,6 +237,14 @@ BOOL GetTextMetricsW(HDC hdc, LPTEXTMETRICW tm) {
     if (!dc || !tm)
         return FALSE;
     *tm = CurrentFont(*dc).Metrics();
+    if (!dc->mapping.Unscaled()) {
+        const Mapping& m = dc->mapping;
+        for (LONG* height : {&tm->tmHeight, &tm->tmAscent, &tm->tmDescent, &tm->tmInternalLeading,
+                             &tm->tmExternalLeading})
+            *height = std::abs(m.HeightToLogical(*height));
+        for (LONG* width : {&tm->tmAveCharWidth, &tm->tmMaxCharWidth, &tm->tmOverhang})
+            *width = std::abs(m.WidthToLogical(*width));
+    }
     return TRUE;
 }
 
@@ -177,6 +253,11 @@ BOOL ExtTextOutW(HDC hdc, int x, int y, UINT options, const RECT* rect, LPCWSTR 
     DeviceContext* dc = LookupDC(hdc);
     if (!dc || count > 0x7FFFFFFF)
         return FALSE;
+    if (count > 0 && !text)
+        return FALSE;
+    RECT box{};
+    if (rect)
+        box = dc->mapping.ToDevice(*rect);
     if ((options & ETO_OPAQUE) && rect) {
         if (dc->journal) {
             JournalEntry& entry = Record(*dc, "ExtTextOut");
@@ -185,17 +266,35 @@ BOOL ExtTextOutW(HDC hdc, int x, int y, UINT options, const RECT* rect, LPCWSTR 
             entry.args[2] = rect->right;
             entry.args[3] = rect->bottom;
         }
-        PaintRect(*dc, rect->left, rect->top, rect->right - rect->left, rect->bottom - rect->top,
-                  dc->bkColor);
+        PaintRect(*dc, box.left, box.top, box.right - box.left, box.bottom - box.top, dc->bkColor);
     }
     if (count == 0)
         return TRUE;
-    if (!widths)
-        return TextOutW(hdc, x, y, text, static_cast<int>(count));
-    // Explicit advances: one character at a time.
+    const RECT* clip = (options & ETO_CLIPPED) && rect ? &box : nullptr;
+    if (!widths) {
+        if (dc->journal) {
+            JournalEntry& entry = Record(*dc, "TextOut");
+            entry.args[0] = x;
+            entry.args[1] = y;
+            entry.args[2] = static_cast<int>(count);
+            entry.text.assign(text, count);
+        }
+        POINT at = dc->mapping.ToDevice(x, y);
+        Output(*dc, at.x, at.y, text, static_cast<int>(count), clip);
+        return TRUE;
+    }
+    // Explicit advances (logical units): one character at a time.
     int pen = x;
     for (UINT i = 0; i < count; ++i) {
-        TextOutW(hdc, pen, y, text + i, 1);
+        if (dc->journal) {
+            JournalEntry& entry = Record(*dc, "TextOut");
+            entry.args[0] = pen;
+            entry.args[1] = y;
+            entry.args[2] = 1;
+            entry.text.assign(text + i, 1);
+        }
+        POINT at = dc->mapping.ToDevice(pen, y);
+        Output(*dc, at.x, at.y, text + i, 1, clip);
         pen += widths[i];
     }
     return TRUE;

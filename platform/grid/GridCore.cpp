@@ -12,13 +12,32 @@ std::size_t Offset(long long col, int first) {
 
 } // namespace
 
-CGXGridCore::CGXGridCore() {
+CGXGridCore::CGXGridCore() : m_param(std::make_unique<CGXGridParam>(*this)) {
     GetObjectW(GetStockObject(DEFAULT_GUI_FONT), sizeof(m_font), &m_font);
 }
 
 CGXGridCore::~CGXGridCore() = default;
 
-BOOL CGXGridCore::SetRowCount(int rows, UINT) {
+void CGXGridCore::OnGridChanged(UINT) {}
+
+void CGXGridCore::Changed(UINT flags) {
+    if (flags == GRID_UPDATE_NONE)
+        return;
+    if (!m_param->IsUpdateEnabled()) {
+        m_pendingFlags |= flags;
+        return;
+    }
+    OnGridChanged(flags);
+}
+
+void CGXGridCore::FlushPendingUpdate() {
+    UINT flags = m_pendingFlags;
+    m_pendingFlags = GRID_UPDATE_NONE;
+    if (flags != GRID_UPDATE_NONE && m_param->IsUpdateEnabled())
+        OnGridChanged(flags);
+}
+
+BOOL CGXGridCore::SetRowCount(int rows, UINT flags) {
     if (rows < 0)
         return FALSE;
     if (rows < m_rows)
@@ -26,10 +45,11 @@ BOOL CGXGridCore::SetRowCount(int rows, UINT) {
             return static_cast<int>(cell.first >> 32) > rows;
         });
     m_rows = rows;
+    Changed(flags);
     return TRUE;
 }
 
-BOOL CGXGridCore::SetColCount(int cols, UINT) {
+BOOL CGXGridCore::SetColCount(int cols, UINT flags) {
     if (cols < 0)
         return FALSE;
     if (cols < m_cols) {
@@ -40,6 +60,7 @@ BOOL CGXGridCore::SetColCount(int cols, UINT) {
         m_hidden.erase(m_hidden.upper_bound(cols), m_hidden.end());
     }
     m_cols = cols;
+    Changed(flags);
     return TRUE;
 }
 
@@ -50,7 +71,7 @@ bool CGXGridCore::Clip(const CGXRange& range, CGXRange& clipped) const {
 }
 
 BOOL CGXGridCore::SetStyleRange(const CGXRange& range, const CGXStyle& style, int modifyType,
-                                int type, const void* cellArray, UINT, int) {
+                                int type, const void* cellArray, UINT flags, int) {
     CGXRange cells;
     if (modifyType != GRID_MODIFY_OVERRIDE || type != GRID_STYLE_CELLS || cellArray ||
         !Clip(range, cells))
@@ -59,6 +80,7 @@ BOOL CGXGridCore::SetStyleRange(const CGXRange& range, const CGXStyle& style, in
     for (long long row = cells.top; row <= cells.bottom; ++row)
         for (long long col = cells.left; col <= cells.right; ++col)
             m_cells[Key(static_cast<int>(row), static_cast<int>(col))].ChangeStyle(style);
+    Changed(flags);
     return TRUE;
 }
 
@@ -80,13 +102,21 @@ CString CGXGridCore::GetValueRowCol(int row, int col) const {
     return it != m_cells.end() ? it->second.GetValue() : CString();
 }
 
-BOOL CGXGridCore::SetColWidth(int first, int last, int width, const int* widthArray, UINT, int) {
+const CString& CGXGridCore::ValueRef(int row, int col) const {
+    static const CString empty;
+    auto it = m_cells.find(Key(row, col));
+    return it != m_cells.end() ? it->second.GetValue() : empty;
+}
+
+BOOL CGXGridCore::SetColWidth(int first, int last, int width, const int* widthArray, UINT flags,
+                              int) {
     CGXRange cols;
     if (!Clip(CGXRange(0, first, 0, last), cols))
         return FALSE;
     for (long long col = cols.left; col <= cols.right; ++col)
         m_widths[static_cast<int>(col)] =
             std::max(0, widthArray ? widthArray[Offset(col, first)] : width);
+    Changed(flags);
     return TRUE;
 }
 
@@ -97,7 +127,7 @@ int CGXGridCore::GetColWidth(int col) const {
     return it != m_widths.end() ? it->second : kDefaultColWidth;
 }
 
-BOOL CGXGridCore::HideCols(int first, int last, BOOL hide, const BOOL* hideArray, UINT, int) {
+BOOL CGXGridCore::HideCols(int first, int last, BOOL hide, const BOOL* hideArray, UINT flags, int) {
     CGXRange cols;
     if (!Clip(CGXRange(0, first, 0, last), cols))
         return FALSE;
@@ -107,6 +137,7 @@ BOOL CGXGridCore::HideCols(int first, int last, BOOL hide, const BOOL* hideArray
         else
             m_hidden.erase(static_cast<int>(col));
     }
+    Changed(flags);
     return TRUE;
 }
 

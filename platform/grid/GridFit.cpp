@@ -82,12 +82,13 @@ int CGXGridCore::MeasureWidest(int col, int top, int bottom) const {
     return widest;
 }
 
-BOOL CGXGridCore::ResizeColWidthsToFit(const CGXRange& range, BOOL, UINT) {
+BOOL CGXGridCore::ResizeColWidthsToFit(const CGXRange& range, BOOL, UINT flags) {
     CGXRange cells;
     if (!Clip(range, cells))
         return FALSE;
     for (long long col = cells.left; col <= cells.right; ++col)
         m_widths[static_cast<int>(col)] =
             MeasureWidest(static_cast<int>(col), cells.top, cells.bottom) + 2 * kTextMarginX;
+    Changed(flags);
     return TRUE;
 }

@@ -4,18 +4,19 @@
 // Operations on cells outside the grid ignore those cells; a range is
 // clipped to the grid first.
 //
-// The update flag and the command type that the operations take say, in a
-// grid shown in a window, when the window repaints and how the change is
-// recorded as a command; this model has no window and keeps no command
-// history, so they do not change what the operations do.
+// The update flag that the operations take says when a grid shown in a
+// window repaints (see OnGridChanged); the command type says how a change is
+// recorded as a command, and this model keeps no command history.
 #pragma once
 
+#include "GridParam.h"
 #include "GridRange.h"
 #include "GridStyle.h"
 #include "afx.h"
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <set>
 #include <unordered_map>
 
@@ -66,6 +67,10 @@ public:
     // A style callers may fill and apply; Free clears it.
     CGXStyle& StyleScratch() { return m_scratch; }
 
+    // The grid's settings: the repaint switch and the print properties.
+    CGXGridParam* GetParam() { return m_param.get(); }
+    const CGXGridParam* GetParam() const { return m_param.get(); }
+
     // Widths in pixels of the screen. Columns first to last (clipped to the
     // grid) take width, or widthArray[i] for column first + i when given; a
     // negative width counts as 0. FALSE when no column of the grid is named.
@@ -100,7 +105,21 @@ public:
     static constexpr int kTextMarginX = 3;
     static constexpr int kTextMarginY = 1;
 
+protected:
+    // The cell's value without a copy: an empty string for a cell without one.
+    const CString& ValueRef(int row, int col) const;
+
+    // A change was made with these update flags and may be shown now: a grid
+    // in a window repaints (GRID_UPDATE_INVALIDATE later, GRID_UPDATE_NOW at
+    // once). The model alone has nothing to show.
+    virtual void OnGridChanged(UINT flags);
+
 private:
+    friend class CGXGridParam;
+    // Passes a change on, or holds it back while updates are switched off.
+    void Changed(UINT flags);
+    // Passes on what was held back while updates were switched off.
+    void FlushPendingUpdate();
     // The range's part inside the grid; false when nothing is left.
     bool Clip(const CGXRange& range, CGXRange& clipped) const;
     static std::uint64_t Key(int row, int col) {
@@ -117,6 +136,8 @@ private:
     std::map<int, int> m_widths;
     std::set<int> m_hidden;
     CGXStyle m_scratch;
+    std::unique_ptr<CGXGridParam> m_param;
+    UINT m_pendingFlags = GRID_UPDATE_NONE;
     LOGFONT m_font{};
     mutable int m_rowHeight = 0;
 };

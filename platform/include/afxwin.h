@@ -124,6 +124,28 @@ public:
     COLORREF SetPixel(int x, int y, COLORREF color);
     int GetClipBox(LPRECT rect) const;
 
+    // Formatted text in a rectangle (DrawText); the height of the text drawn.
+    int DrawText(LPCTSTR text, int count, LPRECT rect, UINT format);
+    int DrawText(const CString& text, LPRECT rect, UINT format);
+
+    // Mapping modes. The setters return the previous mode, extent or origin.
+    int SetMapMode(int mode);
+    int GetMapMode() const;
+    CSize SetWindowExt(int cx, int cy);
+    CSize SetWindowExt(SIZE size) { return SetWindowExt(size.cx, size.cy); }
+    CSize GetWindowExt() const;
+    CSize SetViewportExt(int cx, int cy);
+    CSize SetViewportExt(SIZE size) { return SetViewportExt(size.cx, size.cy); }
+    CSize GetViewportExt() const;
+    CPoint SetWindowOrg(int x, int y);
+    CPoint GetWindowOrg() const;
+    CPoint SetViewportOrg(int x, int y);
+    CPoint GetViewportOrg() const;
+    void LPtoDP(LPPOINT points, int count = 1) const;
+    void LPtoDP(LPRECT rect) const;
+    void DPtoLP(LPPOINT points, int count = 1) const;
+    void DPtoLP(LPRECT rect) const;
+
     // Printing: a document of pages on a printer DC.
     BOOL IsPrinting() const { return m_bPrinting; }
     int StartDoc(LPDOCINFO info);

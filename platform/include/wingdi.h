@@ -160,6 +160,11 @@ typedef struct tagLOGPEN {
 #define SIMPLEREGION 2
 #define COMPLEXREGION 3
 
+// Mapping modes: how logical coordinates become device coordinates.
+#define MM_TEXT 1
+#define MM_ISOTROPIC 7
+#define MM_ANISOTROPIC 8
+
 // Printing failures.
 #define SP_ERROR (-1)
 
@@ -219,6 +224,23 @@ BOOL BitBlt(HDC dst, int x, int y, int cx, int cy, HDC src, int x1, int y1, DWOR
 COLORREF GetPixel(HDC hdc, int x, int y);
 COLORREF SetPixel(HDC hdc, int x, int y, COLORREF color);
 int GetClipBox(HDC hdc, LPRECT rect);
+
+// Mapping modes. A device point is (logical - window origin) * viewport
+// extent / window extent + viewport origin, rounded; MM_TEXT ignores the
+// extents, MM_ISOTROPIC keeps one scale for both axes. Fonts are realised at
+// their mapped height; pens of width 0 and 1 stay one device pixel wide.
+int SetMapMode(HDC hdc, int mode);
+int GetMapMode(HDC hdc);
+BOOL SetWindowExtEx(HDC hdc, int x, int y, LPSIZE previous);
+BOOL GetWindowExtEx(HDC hdc, LPSIZE size);
+BOOL SetViewportExtEx(HDC hdc, int x, int y, LPSIZE previous);
+BOOL GetViewportExtEx(HDC hdc, LPSIZE size);
+BOOL SetWindowOrgEx(HDC hdc, int x, int y, LPPOINT previous);
+BOOL GetWindowOrgEx(HDC hdc, LPPOINT point);
+BOOL SetViewportOrgEx(HDC hdc, int x, int y, LPPOINT previous);
+BOOL GetViewportOrgEx(HDC hdc, LPPOINT point);
+BOOL LPtoDP(HDC hdc, LPPOINT points, int count);
+BOOL DPtoLP(HDC hdc, LPPOINT points, int count);
 
 // Printing.
 typedef struct _DOCINFOW {

@@ -172,8 +172,9 @@ int DrawTextW(HDC hdc, LPCWSTR text, int count, LPRECT rect, UINT format) {
     RECT savedClip{};
     if (dc && !(format & DT_NOCLIP)) {
         savedClip = dc->clip;
-        RECT device{box.left + dc->origin.x, box.top + dc->origin.y, box.right + dc->origin.x,
-                    box.bottom + dc->origin.y};
+        RECT mapped = dc->mapping.ToDevice(box);
+        RECT device{mapped.left + dc->origin.x, mapped.top + dc->origin.y,
+                    mapped.right + dc->origin.x, mapped.bottom + dc->origin.y};
         dc->clip = platform::user::Intersect(dc->clip, device);
         platform::gdi::ResetCairo(*dc);
     }
