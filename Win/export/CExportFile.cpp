@@ -71,13 +71,17 @@ bool CopyAscii(const WCHAR* from, std::size_t length, char* to) {
 } // namespace
 
 void CExportFile::WriteField(const CString& text) {
+    WriteField(text.GetString(), text.GetLength());
+}
+
+void CExportFile::WriteField(const WCHAR* text, int length) {
+    const std::size_t textLength = length > 0 && text ? static_cast<std::size_t>(length) : 0;
     const CString* delimiter = nullptr;
     const CString* quote = nullptr;
-    m_format.Separators(text, delimiter, quote);
+    m_format.Separators(text, textLength, delimiter, quote);
     const std::size_t delimiterLength =
         m_atLineStart ? 0 : static_cast<std::size_t>(delimiter->GetLength());
     const std::size_t quoteLength = static_cast<std::size_t>(quote->GetLength());
-    const std::size_t textLength = static_cast<std::size_t>(text.GetLength());
     const std::size_t total = delimiterLength + 2 * quoteLength + textLength;
     if (kPendingBlock - m_pendingUsed < total)
         FlushPending();
@@ -87,7 +91,7 @@ void CExportFile::WriteField(const CString& text) {
         out += delimiterLength;
         ascii &= CopyAscii(quote->GetString(), quoteLength, out);
         out += quoteLength;
-        ascii &= CopyAscii(text.GetString(), textLength, out);
+        ascii &= CopyAscii(text, textLength, out);
         ascii &= CopyAscii(quote->GetString(), quoteLength, out + textLength);
         if (ascii) {
             m_pendingUsed += total;
@@ -95,7 +99,7 @@ void CExportFile::WriteField(const CString& text) {
             return;
         }
     }
-    WriteConverted(text);
+    WriteConverted(CString(text, static_cast<int>(textLength)));
 }
 
 void CExportFile::WriteConverted(const CString& text) {

@@ -24,6 +24,9 @@ public:
     // UTF-8 field with delimiter and qualifier; a field that cannot be
     // converted is skipped.
     void WriteField(const CString& text);
+    // The same for length units of text, which need not be terminated: a
+    // writer reading cells into a buffer of its own needs no CString per cell.
+    void WriteField(const WCHAR* text, int length);
     void WriteField(int value);
     void WriteNewline();
     // The text and a line feed, as they stand.

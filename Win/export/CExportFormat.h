@@ -38,12 +38,15 @@ public:
     void AppendFormatted(const CString& data, bool first, CString& out) const;
     // The delimiter and the qualifier that FormatData puts around data.
     void Separators(const CString& data, const CString*& delimiter, const CString*& quote) const {
+        Separators(data.GetString(), static_cast<std::size_t>(data.GetLength()), delimiter, quote);
+    }
+    void Separators(const WCHAR* data, std::size_t length, const CString*& delimiter,
+                    const CString*& quote) const {
         const Resolved& resolved = Resolve();
         delimiter = &resolved.delimiter;
         if (m_csv != 1)
             quote = &resolved.quote;
-        else if (std::char_traits<WCHAR>::find(data.GetString(),
-                                               static_cast<std::size_t>(data.GetLength()), u','))
+        else if (length && std::char_traits<WCHAR>::find(data, length, u','))
             quote = &resolved.quoteWithComma;
         else
             quote = &resolved.none;

@@ -20,12 +20,11 @@ CString LoadFormatted(UINT id, const CString& argument) {
     return text;
 }
 
-// Reads a cell's text into text, reusing its storage from cell to cell: the
-// buffer doubles from size until the copied text leaves room to spare, so a
-// text of any length comes whole.
-// The request is built once and only its cell and buffer change.
-void ReadCell(HWND list, int row, int column, LVITEM& request, std::vector<WCHAR>& buffer,
-              CString& text) {
+// Reads a cell's text into buffer, which is reused from cell to cell and
+// doubles until the copied text leaves room to spare, so a text of any length
+// comes whole. The request is built once and only its cell and buffer change.
+// Returns the number of units read.
+int ReadCell(HWND list, int row, int column, LVITEM& request, std::vector<WCHAR>& buffer) {
     for (;;) {
         const int size = static_cast<int>(buffer.size());
         request.iSubItem = column;
@@ -33,10 +32,8 @@ void ReadCell(HWND list, int row, int column, LVITEM& request, std::vector<WCHAR
         request.cchTextMax = size;
         const int copied = static_cast<int>(::SendMessage(
             list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&request)));
-        if (copied < size - 1) {
-            text.SetString(buffer.data(), copied);
-            return;
-        }
+        if (copied < size - 1)
+            return copied;
         buffer.resize(buffer.size() * 2);
     }
 }
@@ -75,13 +72,12 @@ bool WinUtils::ExportListCtrlData(CListCtrl& list) {
         }
         file.WriteNewline();
     }
-    CString cell;
     std::vector<WCHAR> buffer(256);
     LVITEM request{};
     for (int row = 0; row < rows; ++row) {
         for (int column = 0; column < columns; ++column) {
-            ReadCell(list.m_hWnd, row, column, request, buffer, cell);
-            file.WriteField(cell);
+            const int length = ReadCell(list.m_hWnd, row, column, request, buffer);
+            file.WriteField(buffer.data(), length);
         }
         file.WriteNewline();
     }

@@ -40,7 +40,7 @@ void NotifyItem(HWND hwnd, UINT code, int item, int subItem, UINT newState, UINT
     SendNotify(hwnd, nm.hdr, code);
 }
 
-void CopyText(const std::u16string& text, LPWSTR buffer, int size, int* copied = nullptr) {
+void CopyText(std::u16string_view text, LPWSTR buffer, int size, int* copied = nullptr) {
     if (copied)
         *copied = 0;
     if (!buffer || size <= 0)
@@ -134,13 +134,15 @@ bool SetItem(HWND hwnd, ListViewState& state, const LVITEMW& in) {
     if (in.iSubItem > 0) {
         if (!(in.mask & LVIF_TEXT) || !SubItemInRange(state, in.iSubItem))
             return false;
-        state.texts.Set(static_cast<std::size_t>(in.iItem), static_cast<std::size_t>(in.iSubItem),
-                        in.pszText);
+        if (!state.texts.Set(static_cast<std::size_t>(in.iItem),
+                             static_cast<std::size_t>(in.iSubItem), in.pszText))
+            return false;
         InvalidateItem(hwnd, state, in.iItem);
         return true;
     }
-    if (in.mask & LVIF_TEXT)
-        state.texts.Set(static_cast<std::size_t>(in.iItem), 0, in.pszText);
+    if ((in.mask & LVIF_TEXT) &&
+        !state.texts.Set(static_cast<std::size_t>(in.iItem), 0, in.pszText))
+        return false;
     if (in.mask & LVIF_IMAGE)
         row.image = in.iImage;
     if (in.mask & LVIF_PARAM)
@@ -461,8 +463,9 @@ LRESULT ListMessage(HWND hwnd, ListViewState& state, UINT message, WPARAM wParam
     case LVM_SETITEMTEXTW: {
         if (!item || !state.ValidItem(index) || !SubItemInRange(state, item->iSubItem))
             return FALSE;
-        state.texts.Set(static_cast<std::size_t>(index), static_cast<std::size_t>(item->iSubItem),
-                        item->pszText);
+        if (!state.texts.Set(static_cast<std::size_t>(index),
+                             static_cast<std::size_t>(item->iSubItem), item->pszText))
+            return FALSE;
         InvalidateItem(hwnd, state, index);
         return TRUE;
     }

@@ -122,7 +122,7 @@ int FitColumnWidth(HWND hwnd, const ListViewState& state, int column, bool withH
         FontScope font(hdc, state.font);
         SIZE size{};
         for (std::size_t row = 0; row < state.rows.size(); ++row) {
-            const std::u16string& text = state.Text(row, subItem);
+            const std::u16string_view text = state.Text(row, subItem);
             GetTextExtentPoint32(hdc, text.data(), static_cast<int>(text.size()), &size);
             widest = std::max(widest, static_cast<int>(size.cx));
         }

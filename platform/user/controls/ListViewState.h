@@ -6,7 +6,9 @@
 
 #include <commctrl.h>
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace platform::user {
@@ -18,17 +20,24 @@ struct ListRow {
     UINT state = 0;
 };
 
-// The texts of all rows in one row-major array, a row's sub-items side by
-// side: reading a list row by row walks memory in order, as painting and
-// exporting do, instead of visiting a heap block per row. The row width grows
-// to the highest sub-item given a text.
+// The texts of all rows in one row-major array of small fixed-size cells, a
+// row's sub-items side by side: reading a list row by row walks memory in
+// order, as painting and exporting do. A short text lives in its cell; a
+// longer one in a shared character pool, where replaced texts leave gaps
+// that are squeezed out once they make up half of it. The row width grows to
+// the highest sub-item given a text.
 class ListTexts {
 public:
-    const std::u16string& Get(std::size_t item, std::size_t subItem) const {
-        static const std::u16string empty;
-        return subItem < m_width && item < m_rows ? m_cells[item * m_width + subItem] : empty;
+    std::u16string_view Get(std::size_t item, std::size_t subItem) const {
+        if (subItem >= m_width || item >= m_rows)
+            return {};
+        const Cell& cell = m_cells[item * m_width + subItem];
+        if (cell.length <= Cell::kInline)
+            return {cell.units, cell.length};
+        return {m_pool.data() + cell.offset, cell.length};
     }
-    void Set(std::size_t item, std::size_t subItem, const char16_t* text);
+    // False when the text cannot be kept (the pool's offsets would overflow).
+    bool Set(std::size_t item, std::size_t subItem, const char16_t* text);
     void InsertRow(std::size_t item);
     void EraseRow(std::size_t item);
     // Removes a sub-item: the later ones move down by one.
@@ -38,9 +47,24 @@ public:
     void Reorder(const std::vector<std::size_t>& order);
 
 private:
-    void Widen(std::size_t width);
+    struct Cell {
+        static constexpr std::uint32_t kInline = 6;
+        std::uint32_t length = 0;
+        union {
+            char16_t units[kInline];
+            std::uint32_t offset; // into the pool, when length > kInline
+        };
+        Cell() : units{} {}
+    };
 
-    std::vector<std::u16string> m_cells; // m_rows * m_width
+    void Widen(std::size_t width);
+    void Release(const Cell& cell);
+    // Copies the pooled texts of cells into a fresh pool, in cell order.
+    void Repack(std::vector<Cell>& cells);
+
+    std::vector<Cell> m_cells; // m_rows * m_width
+    std::vector<char16_t> m_pool;
+    std::size_t m_gaps = 0; // pool units no cell refers to any more
     std::size_t m_rows = 0;
     std::size_t m_width = 0;
 };
@@ -69,7 +93,7 @@ struct ListViewState {
     int pressedItem = -2; // item under the last left-button press (-1 none, -2 no press)
     int pressedSubItem = -1;
 
-    const std::u16string& Text(std::size_t item, std::size_t subItem) const {
+    std::u16string_view Text(std::size_t item, std::size_t subItem) const {
         return texts.Get(item, subItem);
     }
     bool ValidItem(int item) const { return item >= 0 && item < static_cast<int>(rows.size()); }

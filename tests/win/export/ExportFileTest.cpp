@@ -93,6 +93,25 @@ TEST_F(ExportFile, LongAndMixedRunsKeepTheirBytes) {
     EXPECT_EQ(ReadAll(path), expected);
 }
 
+TEST_F(ExportFile, FieldsFromABufferUseOnlyTheGivenUnits) {
+    // The units after the given length are neither written nor looked at, so
+    // a comma there does not quote the field.
+    const fs::path path = testing_support::TestOutputDir("export-buffer") / "b.csv";
+    {
+        CExportFile file(Format(path, u";", u"'"));
+        ASSERT_TRUE(file.Open(false));
+        const WCHAR buffer[] = {u'a', u'b', u',', u'c'};
+        file.WriteField(buffer, 2);
+        file.WriteField(buffer, 4);
+        const WCHAR wide[] = {u'\u00e9', u'x', u','};
+        file.WriteField(wide, 2);
+        file.WriteField(nullptr, 0);
+        file.WriteField(buffer, -1);
+        file.WriteNewline();
+    }
+    EXPECT_EQ(ReadAll(path), "ab,\"ab,c\",\xC3\xA9x,,\r\n");
+}
+
 TEST_F(ExportFile, LineStartIsKeptByWriteLineAndResetByNewline) {
     const fs::path path = testing_support::TestOutputDir("export-linestart") / "l.txt";
     {
