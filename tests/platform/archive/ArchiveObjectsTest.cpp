@@ -94,7 +94,9 @@ Bytes ClassTag(WORD schema, const char* name) {
                 static_cast<BYTE>(schema >> 8),
                 static_cast<BYTE>(std::strlen(name)),
                 0};
-    bytes.insert(bytes.end(), name, name + std::strlen(name));
+    // One at a time: GCC 12 at -O3 misreads a range insert here as overflowing.
+    for (const char* c = name; *c; ++c)
+        bytes.push_back(static_cast<BYTE>(*c));
     return bytes;
 }
 
