@@ -225,9 +225,6 @@ int FirstRun(const char* self) {
     QueuePreview(host);
     QueueMaximised(host);
     host.app->Run();
-    if (std::getenv("PRINT_HOST_RECORD"))
-        for (const std::string& line : automation::Record())
-            std::fprintf(stderr, "%s\n", line.c_str());
     if (automation::CancelsForWantOfActions() != 0) {
         std::fprintf(stderr, "a dialog was left waiting for the user\n");
         return 1;
