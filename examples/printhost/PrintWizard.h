@@ -58,11 +58,11 @@ private:
 
 class CPrintWizard : public CPropertySheetPlus {
 public:
-    // The wizard starts from a copy of settings.
+    // The wizard starts from a copy of settings. DoModal returns
+    // ID_WIZFINISH or IDCANCEL.
     CPrintWizard(const PrintoutSettings& settings, CWnd* pParentWnd = nullptr);
 
-    // ID_WIZFINISH or IDCANCEL; on Finish, m_settings holds what the user
-    // chose.
+    // After Finish, what the user chose.
     PrintoutSettings m_settings;
 
 private:
