@@ -30,12 +30,15 @@ DWORD CWnd::ModalLoopFlags() const {
 }
 
 void CWnd::EndModalWindow(HWND owner, bool enableOwner) {
+    // The owner is enabled before the window hides, so that the activation
+    // the hiding hands on can go to the owner and not be lost.
+    if (enableOwner)
+        ::EnableWindow(owner, TRUE);
+    const bool wasActive = m_hWnd && ::GetActiveWindow() == m_hWnd;
     if (m_hWnd)
         SetWindowPos(nullptr, 0, 0, 0, 0,
                      SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
-    if (enableOwner)
-        ::EnableWindow(owner, TRUE);
-    if (owner && m_hWnd && ::GetActiveWindow() == m_hWnd)
+    if (owner && wasActive && ::IsWindow(owner) && ::GetActiveWindow() != owner)
         ::SetActiveWindow(owner);
     DestroyWindow();
 }

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# The print host: two delivery documents, the active one's list (500 rows of 6
-# columns, two columns moved by the user) printed to PDF through the print
+# The print host: two delivery documents, the printout wizard setting up the
+# header line, the active one's list (500 rows of 6 columns, two columns
+# moved by the user) printed to PDF through the print
 # dialog and previewed two pages at a time, a maximised document closed and
 # the next shown maximised, and in a second process the main window put back
 # where the user left it. Then the printout read back: its pages, and the

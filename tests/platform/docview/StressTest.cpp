@@ -5,12 +5,12 @@
 // WIN_STRESS_SEED and WIN_STRESS_ACTIONS change the seed and the length.
 #include "NotesHost.h"
 
+#include "support/StressRun.h"
+
 #include <platform/Automation.h>
 #include <platform/GdiObjects.h>
 #include <platform/MessagePump.h>
 
-#include <cstdlib>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -18,24 +18,13 @@ namespace notes {
 namespace {
 
 namespace automation = platform::automation;
-
-unsigned long EnvNumber(const char* name, unsigned long fallback) {
-    const char* text = std::getenv(name);
-    return text && *text ? std::strtoul(text, nullptr, 10) : fallback;
-}
-
-int CountWindows(HWND parent) {
-    int count = 0;
-    for (HWND child = GetWindow(parent, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        count += 1 + CountWindows(child);
-    return count;
-}
+using testing_support::CountWindows;
 
 class StressTest : public NotesHostTest {
 protected:
-    std::mt19937 random{static_cast<std::mt19937::result_type>(EnvNumber("WIN_STRESS_SEED", 1789))};
+    testing_support::StressRandom random{1789};
 
-    int Below(int n) { return std::uniform_int_distribution<int>(0, n - 1)(random); }
+    int Below(int n) { return random.Below(n); }
 
     std::vector<CMDIChildWnd*> Children() const {
         std::vector<CMDIChildWnd*> children;
@@ -146,7 +135,7 @@ protected:
 TEST_F(StressTest, RandomActionsLeaveNothingBehindAndNoModalLoopWaiting) {
     const platform::GdiCounts gdiAtStart = platform::LiveGdiObjects();
     const int windowsAtStart = CountWindows(GetDesktopWindow());
-    const unsigned long actions = EnvNumber("WIN_STRESS_ACTIONS", 10000);
+    const unsigned long actions = testing_support::StressActions(10000);
     int mostDocuments = 0;
 
     for (unsigned long i = 0; i < actions; ++i) {
@@ -163,12 +152,9 @@ TEST_F(StressTest, RandomActionsLeaveNothingBehindAndNoModalLoopWaiting) {
         else
             QueueWindowMove();
         Run();
-        ASSERT_EQ(automation::Pending(), 0u) << "action " << i << " left actions unrun";
-        ASSERT_EQ(automation::CancelsForWantOfActions(), 0)
-            << "action " << i << " left a modal loop waiting for the user";
+        ASSERT_TRUE(testing_support::ActionSettled(i)) << "seed " << random.Seed();
         ASSERT_TRUE(IsWindow(main->m_hWnd)) << "action " << i;
         mostDocuments = std::max(mostDocuments, g_liveDocuments);
-        automation::Reset(); // the record only grows
     }
     // The run did what it was meant to: documents came and went.
     EXPECT_GE(mostDocuments, 3);

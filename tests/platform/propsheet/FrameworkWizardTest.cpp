@@ -202,6 +202,32 @@ TEST_F(FrameworkWizardTest, TheButtonsChangeWhenTheMessageIsHandled) {
     EXPECT_EQ(looks[2].defaultId, static_cast<UINT>(ID_WIZFINISH));
 }
 
+// The owner is disabled while the wizard runs and, however the wizard ends,
+// enabled and active again afterwards: the user's next keys and clicks go to
+// it.
+TEST_F(FrameworkWizardTest, TheOwnerIsActiveAgainWhenTheWizardEnds) {
+    HWND owner = CreateWindowEx(0, u"STATIC", u"Main", WS_POPUP | WS_VISIBLE, 0, 0, 600, 400,
+                                nullptr, nullptr, nullptr, nullptr);
+    SetActiveWindow(owner);
+    for (UINT ending : {static_cast<UINT>(ID_WIZFINISH), static_cast<UINT>(IDCANCEL)}) {
+        StepPage first{IDD_WELCOME, "First", &journal, PSWIZB_NEXT};
+        StepPage last{IDD_SUMMARY, "Last", &journal, PSWIZB_BACK | PSWIZB_FINISH};
+        CPropertySheet wizard(_T("Setup"), CWnd::FromHandle(owner));
+        wizard.AddPage(&first);
+        wizard.AddPage(&last);
+        wizard.SetWizardMode();
+        bool ownerEnabled = true;
+        automation::Do([&] { ownerEnabled = IsWindowEnabled(owner); });
+        automation::Click(ID_WIZNEXT);
+        automation::Click(ending);
+        EXPECT_EQ(wizard.DoModal(), static_cast<INT_PTR>(ending));
+        EXPECT_FALSE(ownerEnabled);
+        EXPECT_TRUE(IsWindowEnabled(owner));
+        EXPECT_EQ(GetActiveWindow(), owner) << "after " << ending;
+    }
+    DestroyWindow(owner);
+}
+
 TEST_F(FrameworkWizardTest, AWizardFlagOfEitherKindMakesAWizard) {
     CPropertySheet other(_T("Other"));
     EXPECT_FALSE(other.IsWizard());
