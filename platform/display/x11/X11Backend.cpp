@@ -88,9 +88,13 @@ X11Backend::X11Backend(xcb_connection_t* connection, xcb_screen_t* screen)
     m_utf8 = Atom("UTF8_STRING");
     m_maxRequestBytes = xcb_get_maximum_request_length(m_connection) * 4;
     LoadKeyboardMapping();
+    OpenClipboard();
 }
 
 X11Backend::~X11Backend() {
+    CloseClipboard();
+    for (xcb_generic_event_t* event : m_deferred)
+        free(event);
     if (!xcb_connection_has_error(m_connection)) {
         for (auto& [hwnd, shown] : m_shown)
             xcb_destroy_window(m_connection, shown.id);

@@ -4,10 +4,13 @@
 #pragma once
 
 #include "display/Backend.h"
+#include "display/x11/X11Clipboard.h"
 
 #include <xcb/xcb.h>
 
+#include <deque>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -54,8 +57,14 @@ private:
     void HandleConfigure(xcb_configure_notify_event_t* event);
     void HandleExpose(xcb_expose_event_t* event);
 
+    void OpenClipboard();
+    void CloseClipboard();
+
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen;
+    std::unique_ptr<X11Clipboard> m_clipboard;
+    // Events that came while the clipboard waited for another program.
+    std::deque<xcb_generic_event_t*> m_deferred;
     xcb_gcontext_t m_gc = 0;
     std::map<HWND, Shown> m_shown;
     xcb_atom_t m_protocols = 0;

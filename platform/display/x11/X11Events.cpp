@@ -19,6 +19,12 @@ constexpr uint16_t kControlMask = XCB_MOD_MASK_CONTROL;
 } // namespace
 
 bool X11Backend::ProcessInput() {
+    while (!m_deferred.empty()) {
+        xcb_generic_event_t* event = m_deferred.front();
+        m_deferred.pop_front();
+        Handle(event);
+        free(event);
+    }
     while (xcb_generic_event_t* event = xcb_poll_for_event(m_connection)) {
         Handle(event);
         free(event);
@@ -27,6 +33,8 @@ bool X11Backend::ProcessInput() {
 }
 
 void X11Backend::Handle(xcb_generic_event_t* event) {
+    if (m_clipboard->Handle(event))
+        return;
     const uint8_t type = event->response_type & 0x7F;
     switch (type) {
     case XCB_KEY_PRESS:
