@@ -5,6 +5,7 @@
 #include "display/x11/X11Backend.h"
 
 #include "gdi/DeviceContext.h"
+#include "user/ForeignWindows.h"
 #include "user/WindowManager.h"
 
 #include <platform/CodePage.h>
@@ -89,9 +90,13 @@ X11Backend::X11Backend(xcb_connection_t* connection, xcb_screen_t* screen)
     m_maxRequestBytes = xcb_get_maximum_request_length(m_connection) * 4;
     LoadKeyboardMapping();
     OpenClipboard();
+    m_foreign = std::make_unique<X11ForeignWindows>(
+        m_connection, m_screen, [this](xcb_window_t id) { return FindByWindow(id) != nullptr; });
+    user::SetForeign(m_foreign.get());
 }
 
 X11Backend::~X11Backend() {
+    user::SetForeign(nullptr);
     CloseClipboard();
     for (xcb_generic_event_t* event : m_deferred)
         free(event);

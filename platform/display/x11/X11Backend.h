@@ -5,6 +5,7 @@
 
 #include "display/Backend.h"
 #include "display/x11/X11Clipboard.h"
+#include "display/x11/X11ForeignWindows.h"
 
 #include <xcb/xcb.h>
 
@@ -63,6 +64,7 @@ private:
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen;
     std::unique_ptr<X11Clipboard> m_clipboard;
+    std::unique_ptr<X11ForeignWindows> m_foreign;
     // Events that came while the clipboard waited for another program.
     std::deque<xcb_generic_event_t*> m_deferred;
     xcb_gcontext_t m_gc = 0;

@@ -4,6 +4,7 @@
 #ifdef WIN_TEST_HAVE_XCB
 #include "XvfbServer.h"
 
+#include <Win/Win.h>
 #include <platform/Display.h>
 #include <windows.h>
 
@@ -180,6 +181,13 @@ TEST_F(X11ClipboardTest, AnotherProgramsTextComesBackAsBothTextFormats) {
     EXPECT_TRUE(CloseClipboard());
     // Losing the selection dropped our own text: the display shows theirs.
     EXPECT_EQ(Read("xclip -o -selection clipboard").text, "their caf\xc3\xa9\nline");
+}
+
+TEST_F(X11ClipboardTest, TheLibrarysCopyAndPasteGoThroughTheDisplay) {
+    ASSERT_TRUE(WinUtils::CopyToClipboard(CString(u"copied caf\u00e9")));
+    EXPECT_EQ(Read("xclip -o -selection clipboard").text, "copied caf\xc3\xa9");
+    SetTextElsewhere("pasted \xc3\xa0 la carte");
+    EXPECT_EQ(WinUtils::PasteFromClipboard(), CString(u"pasted \u00e0 la carte"));
 }
 
 TEST_F(X11ClipboardTest, TextSetAgainAfterAnotherProgramTookTheSelectionIsOursAgain) {
