@@ -1,4 +1,5 @@
-// The display's events as the window system's messages: keys to the focus,
+// The display's events as the window system's messages: keys to the focus
+// inside the window they were typed into,
 // buttons and motion to the window under the pointer, exposure and resizing
 // through invalidation and WM_SIZE, the window manager's close as WM_CLOSE.
 #include "display/x11/KeySyms.h"
@@ -115,6 +116,12 @@ void X11Backend::HandleKey(xcb_key_press_event_t* event, bool down) {
     UINT vk = VirtualKeyFor(keysym);
     if (!vk)
         return;
+    // The key belongs to the window it was typed into: that window becomes
+    // the active one (its focus coming back with it), as a click on it would
+    // make it, unless a modal dialog has disabled it.
+    HWND hwnd = FindByWindow(event->event);
+    if (down && hwnd && IsWindowEnabled(hwnd) && GetActiveWindow() != hwnd)
+        SetActiveWindow(hwnd);
     user::PostKeyToFocus(down, vk, CharacterFor(keysym));
 }
 
