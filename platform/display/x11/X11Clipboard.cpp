@@ -73,11 +73,6 @@ xcb_window_t X11Clipboard::CurrentOwner() {
     return reply ? reply->owner : static_cast<xcb_window_t>(XCB_NONE);
 }
 
-bool X11Clipboard::ForeignOwner() {
-    const xcb_window_t owner = CurrentOwner();
-    return owner != XCB_NONE && owner != m_window;
-}
-
 void X11Clipboard::Verify() {
     if (m_owned && !xcb_connection_has_error(m_connection) && CurrentOwner() != m_window)
         Lose();
@@ -90,12 +85,19 @@ void X11Clipboard::Lose() {
 }
 
 std::optional<std::u16string> X11Clipboard::FetchText() {
-    if (m_owned || !ForeignOwner())
+    const xcb_window_t owner = CurrentOwner();
+    // An owner that let a request go unanswered is not asked again: every
+    // ask would stall the program for the whole wait.
+    if (m_owned || owner == XCB_NONE || owner == m_window || owner == m_silentOwner)
         return std::nullopt;
-    if (std::optional<std::string> utf8 = Fetch(m_utf8))
+    bool answered = true;
+    if (std::optional<std::string> utf8 = Fetch(m_utf8, &answered))
         return FromDisplayText(platform::FromUtf8(*utf8).Str());
-    if (std::optional<std::string> latin1 = Fetch(XCB_ATOM_STRING))
-        return FromDisplayText(FromLatin1(*latin1));
+    if (answered)
+        if (std::optional<std::string> latin1 = Fetch(XCB_ATOM_STRING, &answered))
+            return FromDisplayText(FromLatin1(*latin1));
+    if (!answered)
+        m_silentOwner = owner;
     return std::nullopt;
 }
 
@@ -123,7 +125,7 @@ xcb_generic_event_t* X11Clipboard::Await(const std::function<bool(xcb_generic_ev
     }
 }
 
-std::optional<std::string> X11Clipboard::Fetch(xcb_atom_t target) {
+std::optional<std::string> X11Clipboard::Fetch(xcb_atom_t target, bool* answered) {
     xcb_delete_property(m_connection, m_window, m_property);
     xcb_convert_selection(m_connection, m_window, m_clipboard, target, m_property,
                           XCB_CURRENT_TIME);
@@ -134,6 +136,7 @@ std::optional<std::string> X11Clipboard::Fetch(xcb_atom_t target) {
         return notify->requestor == m_window && notify->selection == m_clipboard &&
                notify->target == target;
     }));
+    *answered = notice != nullptr;
     if (!notice ||
         reinterpret_cast<xcb_selection_notify_event_t*>(notice.get())->property == XCB_NONE)
         return std::nullopt;

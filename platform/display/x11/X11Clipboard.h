@@ -44,10 +44,9 @@ public:
     // Asks the display who owns the selection, and drops our offer if
     // another program took it, even before its notice arrived.
     void Verify();
-    // Whether another program (not us) holds the selection.
-    bool ForeignOwner();
     // Another program's text: UTF8_STRING, else STRING. Nothing when there is
-    // none, the owner refuses or does not answer in time.
+    // none, the owner refuses or does not answer in time (and from then on,
+    // while it stays the owner).
     std::optional<std::u16string> FetchText();
 
     // Handles a selection event (requests, loss, stray notices); false for
@@ -59,8 +58,9 @@ private:
     xcb_window_t CurrentOwner();
     void Lose();
     // The data of one target, after a request to the owner: whole or in
-    // increments. Nothing on refusal, timeout or a broken transfer.
-    std::optional<std::string> Fetch(xcb_atom_t target);
+    // increments. Nothing on refusal, timeout or a broken transfer; *answered
+    // tells whether the owner answered the request at all.
+    std::optional<std::string> Fetch(xcb_atom_t target, bool* answered);
     std::optional<std::string> FetchIncrements();
     // The first event wanted accepts within a second; others are handled or
     // deferred meanwhile. Null on timeout or a lost connection.
@@ -75,6 +75,7 @@ private:
     xcb_window_t m_window = 0;
     ClipboardOffer* m_offer = nullptr;
     bool m_owned = false;
+    xcb_window_t m_silentOwner = XCB_NONE;
     uint32_t m_maxRequestBytes = 0;
     xcb_atom_t m_clipboard = 0;
     xcb_atom_t m_targets = 0;
