@@ -9,7 +9,7 @@ packages=(
     libgtest-dev libgmock-dev libbenchmark-dev
     fonts-dejavu-core fonts-dejavu-extra fonts-liberation2
     poppler-utils dialog cups-daemon
-    libxcb1-dev xvfb xdotool
+    libxcb1-dev xvfb xdotool xclip xterm
 )
 if [ "${WIN_BENCH_PEERS:-0}" = 1 ]; then
     packages+=(libvterm-dev libtsm-dev)

@@ -63,8 +63,11 @@ bool Clipboard::Open(HWND window) {
         SetLastError(ERROR_ACCESS_DENIED);
         return false;
     }
+    const bool wasOpen = m_open;
     m_open = true;
     m_opener = window;
+    if (!wasOpen)
+        m_store->Opened();
     return true;
 }
 
@@ -75,6 +78,7 @@ bool Clipboard::Close() {
     }
     m_open = false;
     m_opener = nullptr;
+    m_store->Closed();
     return true;
 }
 
@@ -149,9 +153,17 @@ void Clipboard::ForgetWindow(HWND window) {
     if (m_open && m_opener == window) {
         m_open = false;
         m_opener = nullptr;
+        m_store->Closed();
     }
     if (m_owner == window)
         m_owner = nullptr;
+}
+
+void Clipboard::ReplaceStore(const StoreReplacer& replace) {
+    std::unique_ptr<ClipboardStore> next = replace(std::move(m_store));
+    m_store = next ? std::move(next) : MakeLocalClipboardStore();
+    if (m_open)
+        m_store->Opened();
 }
 
 void Clipboard::Discard() {

@@ -5,6 +5,7 @@
 
 #include "ClipboardStore.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -34,6 +35,12 @@ public:
     static Clipboard* IfUsed();
     // Frees all data: the process is ending.
     void Discard();
+    // Puts the store that replace makes from the current one in its place: a
+    // display back end wraps the store while it is connected and unwraps it
+    // when it goes.
+    using StoreReplacer =
+        std::function<std::unique_ptr<ClipboardStore>(std::unique_ptr<ClipboardStore>)>;
+    void ReplaceStore(const StoreReplacer& replace);
 
 private:
     Clipboard();

@@ -32,6 +32,10 @@ public:
     virtual const ClipboardEntry* Find(UINT format) const = 0;
     // Every entry, in the order the formats were first put.
     virtual std::vector<ClipboardEntry> Entries() const = 0;
+    // The clipboard was opened or closed. Data fetched from another program
+    // while it is open stays the same until it is closed.
+    virtual void Opened() {}
+    virtual void Closed() {}
 };
 
 // The store of the headless desktop: the data stays in the process.

@@ -1,4 +1,5 @@
 // Keyboard focus, activation, the enabled state and mouse capture.
+#include "ForeignWindows.h"
 #include "WindowManager.h"
 
 #include <algorithm>
@@ -103,14 +104,20 @@ HWND GetForegroundWindow() {
 }
 
 BOOL SetForegroundWindow(HWND hwnd) {
-    if (!Manager().Find(hwnd))
-        return FALSE;
+    if (!Manager().Find(hwnd)) {
+        platform::user::ForeignWindows* foreign = platform::user::Foreign();
+        return foreign && foreign->Activate(hwnd) ? TRUE : FALSE;
+    }
     SetActiveWindow(hwnd);
     return TRUE;
 }
 
 BOOL BringWindowToTop(HWND hwnd) {
     Window* window = Manager().Find(hwnd);
+    if (!window) {
+        platform::user::ForeignWindows* foreign = platform::user::Foreign();
+        return foreign && foreign->Activate(hwnd) ? TRUE : FALSE;
+    }
     if (!window || window == Manager().Desktop())
         return FALSE;
     if (window->parent == Manager().Desktop()) {

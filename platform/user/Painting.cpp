@@ -14,6 +14,25 @@ RECT ClientRect(const Window* window) {
     return RECT{0, 0, window->ClientWidth(), window->ClientHeight()};
 }
 
+// The parent's painting covers its children unless it clips them, so the
+// shown children under the area, frames included, are painted again after
+// it.
+void CoverChildren(Window* window, const RECT& area, BOOL erase) {
+    if (window->style & WS_CLIPCHILDREN)
+        return;
+    for (Window* child : window->children) {
+        if (!child->visible ||
+            platform::user::IsEmpty(platform::user::Intersect(area, child->rect)))
+            continue;
+        child->ncDirty = child->HasFrame();
+        const LONG dx = child->rect.left + child->frame.left;
+        const LONG dy = child->rect.top + child->frame.top;
+        RECT inside{area.left - dx, area.top - dy, area.right - dx, area.bottom - dy};
+        // A framed child is painted whole, so that its frame is drawn too.
+        InvalidateRect(child->handle, child->ncDirty ? nullptr : &inside, erase);
+    }
+}
+
 } // namespace
 
 BOOL InvalidateRect(HWND hwnd, const RECT* rect, BOOL erase) {
@@ -27,22 +46,7 @@ BOOL InvalidateRect(HWND hwnd, const RECT* rect, BOOL erase) {
     window->hasUpdate = true;
     if (erase)
         window->erase = true;
-    // The parent's painting covers its children unless it clips them, so the
-    // shown children under the area, frames included, are painted again after
-    // it.
-    if (window->style & WS_CLIPCHILDREN)
-        return TRUE;
-    for (Window* child : window->children) {
-        if (!child->visible ||
-            platform::user::IsEmpty(platform::user::Intersect(area, child->rect)))
-            continue;
-        child->ncDirty = child->HasFrame();
-        const LONG dx = child->rect.left + child->frame.left;
-        const LONG dy = child->rect.top + child->frame.top;
-        RECT inside{area.left - dx, area.top - dy, area.right - dx, area.bottom - dy};
-        // A framed child is painted whole, so that its frame is drawn too.
-        InvalidateRect(child->handle, child->ncDirty ? nullptr : &inside, erase);
-    }
+    CoverChildren(window, area, erase);
     return TRUE;
 }
 
@@ -107,6 +111,11 @@ HDC BeginPaint(HWND hwnd, LPPAINTSTRUCT paint) {
     window->hasUpdate = false;
     window->update = RECT{0, 0, 0, 0};
     window->erase = false;
+    // A child that painted itself since the parent's area became invalid (an
+    // edit updating at once as it is typed into) is covered again now: it
+    // must follow.
+    if (!platform::user::IsEmpty(paint->rcPaint))
+        CoverChildren(window, paint->rcPaint, erase);
     paint->hdc = platform::user::GetClientDC(hwnd, &paint->rcPaint);
     if (erase)
         paint->fErase = SendMessage(hwnd, WM_ERASEBKGND, reinterpret_cast<WPARAM>(paint->hdc), 0)

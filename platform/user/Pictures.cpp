@@ -6,6 +6,7 @@
 // them.
 #include "CursorPicture.h"
 #include "WindowDC.h"
+#include "WindowPicture.h"
 
 #include <platform/WindowPictures.h>
 
@@ -74,17 +75,6 @@ void PaintSubtree(Window* window, const Window* root) {
             PaintSubtree(record, root);
 }
 
-// Paints the subtree onto surface, the desktop point offset at its (0, 0).
-void Picture(Window* window, cairo_surface_t* surface, POINT offset) {
-    std::vector<Pending> saved;
-    SavePending(window, saved);
-    {
-        user::ScopedRedirection redirect(window, surface, offset);
-        PaintSubtree(window, window);
-    }
-    RestorePending(saved);
-}
-
 bool Write(cairo_surface_t* surface, const std::string& path) {
     cairo_surface_flush(surface);
     bool ok = cairo_surface_write_to_png(surface, path.c_str()) == CAIRO_STATUS_SUCCESS;
@@ -103,6 +93,16 @@ cairo_surface_t* NewSurface(int width, int height) {
 
 } // namespace
 
+void user::PaintPicture(Window* window, cairo_surface_t* surface, POINT offset) {
+    std::vector<Pending> saved;
+    SavePending(window, saved);
+    {
+        user::ScopedRedirection redirect(window, surface, offset);
+        PaintSubtree(window, window);
+    }
+    RestorePending(saved);
+}
+
 bool SaveWindowAsPng(HWND hwnd, const std::string& path) {
     WindowManager& manager = WindowManager::Instance();
     Window* window = manager.Find(hwnd);
@@ -111,7 +111,7 @@ bool SaveWindowAsPng(HWND hwnd, const std::string& path) {
     if (window->Width() <= 0 || window->Height() <= 0)
         return false;
     cairo_surface_t* surface = NewSurface(window->Width(), window->Height());
-    Picture(window, surface, manager.WindowOrigin(window));
+    user::PaintPicture(window, surface, manager.WindowOrigin(window));
     return Write(surface, path);
 }
 
@@ -136,7 +136,7 @@ bool SaveDesktopAreaAsPng(const RECT& area, const std::string& path) {
     for (HWND hwnd : windows) {
         Window* window = manager.Find(hwnd);
         if (window)
-            Picture(window, surface, POINT{cut.left, cut.top});
+            user::PaintPicture(window, surface, POINT{cut.left, cut.top});
     }
     user::DrawCursor(surface, POINT{cut.left, cut.top});
     return Write(surface, path);

@@ -1,5 +1,6 @@
 // Show states: ShowWindow with its minimise, maximise and restore commands,
 // and where a minimised or maximised window goes.
+#include "ForeignWindows.h"
 #include "WindowManager.h"
 
 #include <algorithm>
@@ -212,6 +213,10 @@ BOOL ShowWindow(HWND hwnd, int command) {
 
 BOOL IsIconic(HWND hwnd) {
     Window* window = Manager().Find(hwnd);
+    if (!window) {
+        platform::user::ForeignWindows* foreign = platform::user::Foreign();
+        return foreign && foreign->Iconic(hwnd) ? TRUE : FALSE;
+    }
     return window && window->placement == Placement::Minimized ? TRUE : FALSE;
 }
 

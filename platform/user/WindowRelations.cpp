@@ -1,5 +1,6 @@
 // Walking the window tree: z-order neighbours, owners, dialog items, and the
 // values kept in a window's slots.
+#include "ForeignWindows.h"
 #include "WindowManager.h"
 
 #include <winbase.h>
@@ -178,5 +179,10 @@ BOOL EnumWindows(WNDENUMPROC proc, LPARAM lParam) {
     for (HWND hwnd : handles)
         if (Manager().Find(hwnd) && !proc(hwnd, lParam))
             return FALSE;
+    // Then other programs' windows on a shared display.
+    if (platform::user::ForeignWindows* foreign = platform::user::Foreign())
+        for (HWND hwnd : foreign->TopLevel())
+            if (!proc(hwnd, lParam))
+                return FALSE;
     return TRUE;
 }

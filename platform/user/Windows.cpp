@@ -1,7 +1,9 @@
 // Window classes, creation and destruction, the window tree and geometry.
+#include "ForeignWindows.h"
 #include "WindowManager.h"
 
 #include <algorithm>
+#include <string>
 
 using platform::user::Window;
 using platform::user::WindowManager;
@@ -28,6 +30,15 @@ void DestroyTree(Window* window) {
             DestroyTree(child);
     SendMessage(handle, WM_NCDESTROY, 0, 0);
     Manager().Forget(window);
+}
+
+// The title of another program's window on a shared display; false for our
+// own windows and unknown handles.
+bool ForeignTitle(HWND hwnd, std::u16string* title) {
+    if (!hwnd || Manager().Find(hwnd))
+        return false;
+    platform::user::ForeignWindows* foreign = platform::user::Foreign();
+    return foreign && foreign->Title(hwnd, title);
 }
 
 } // namespace
@@ -153,7 +164,10 @@ BOOL DestroyWindow(HWND hwnd) {
 }
 
 BOOL IsWindow(HWND hwnd) {
-    return Manager().Find(hwnd) != nullptr;
+    if (Manager().Find(hwnd))
+        return TRUE;
+    platform::user::ForeignWindows* foreign = platform::user::Foreign();
+    return foreign && hwnd && foreign->Exists(hwnd) ? TRUE : FALSE;
 }
 
 HWND GetDesktopWindow() {
@@ -252,12 +266,22 @@ BOOL IsWindowVisible(HWND hwnd) {
 }
 
 int GetWindowTextLength(HWND hwnd) {
+    std::u16string title;
+    if (ForeignTitle(hwnd, &title))
+        return static_cast<int>(title.size());
     return static_cast<int>(SendMessage(hwnd, WM_GETTEXTLENGTH, 0, 0));
 }
 
 int GetWindowText(HWND hwnd, LPWSTR buffer, int maxCount) {
     if (!buffer || maxCount <= 0)
         return 0;
+    std::u16string title;
+    if (ForeignTitle(hwnd, &title)) {
+        const std::size_t n = std::min(title.size(), static_cast<std::size_t>(maxCount - 1));
+        title.copy(buffer, n);
+        buffer[n] = u'\0';
+        return static_cast<int>(n);
+    }
     return static_cast<int>(SendMessage(hwnd, WM_GETTEXT, static_cast<WPARAM>(maxCount),
                                         reinterpret_cast<LPARAM>(buffer)));
 }

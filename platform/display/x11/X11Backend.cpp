@@ -4,12 +4,10 @@
 // sent, the traffic stays small without shared memory.
 #include "display/x11/X11Backend.h"
 
-#include "gdi/DeviceContext.h"
+#include "user/ForeignWindows.h"
 #include "user/WindowManager.h"
 
 #include <platform/CodePage.h>
-
-#include <cairo.h>
 
 #include <algorithm>
 #include <cstring>
@@ -88,9 +86,17 @@ X11Backend::X11Backend(xcb_connection_t* connection, xcb_screen_t* screen)
     m_utf8 = Atom("UTF8_STRING");
     m_maxRequestBytes = xcb_get_maximum_request_length(m_connection) * 4;
     LoadKeyboardMapping();
+    OpenClipboard();
+    m_foreign = std::make_unique<X11ForeignWindows>(
+        m_connection, m_screen, [this](xcb_window_t id) { return FindByWindow(id) != nullptr; });
+    user::SetForeign(m_foreign.get());
 }
 
 X11Backend::~X11Backend() {
+    user::SetForeign(nullptr);
+    CloseClipboard();
+    for (xcb_generic_event_t* event : m_deferred)
+        free(event);
     if (!xcb_connection_has_error(m_connection)) {
         for (auto& [hwnd, shown] : m_shown)
             xcb_destroy_window(m_connection, shown.id);
@@ -238,59 +244,24 @@ void X11Backend::SyncWindow(HWND hwnd, Shown& shown) {
     }
 }
 
-void X11Backend::SendPixels(Shown& shown) {
-    cairo_surface_t* desktop = gdi::DesktopSurface();
-    cairo_surface_flush(desktop);
-    const unsigned char* data = cairo_image_surface_get_data(desktop);
-    const int stride = cairo_image_surface_get_stride(desktop);
-    const int surfaceWidth = cairo_image_surface_get_width(desktop);
-    const int surfaceHeight = cairo_image_surface_get_height(desktop);
-    const int width = Width(shown.rect);
-    const int height = Height(shown.rect);
-    const std::size_t size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-    const bool fresh = shown.sent.size() != size;
-    if (fresh)
-        shown.sent.assign(size, 0);
-    const std::size_t rowBytes = static_cast<std::size_t>(width) * 4;
-    const int rowsPerRequest = std::max(
-        1, static_cast<int>((m_maxRequestBytes - 64) / std::max<std::size_t>(rowBytes, 1)));
-    // Copies a row from the desktop (the part inside it; outside stays black)
-    // and tells whether it differs from what the window holds.
-    std::vector<uint32_t> row(static_cast<std::size_t>(width));
-    auto refresh = [&](int y) {
-        std::fill(row.begin(), row.end(), 0u);
-        const int desktopY = static_cast<int>(shown.rect.top) + y;
-        if (desktopY >= 0 && desktopY < surfaceHeight) {
-            const int from = std::max(0, static_cast<int>(-shown.rect.left));
-            const int to = std::min(width, surfaceWidth - static_cast<int>(shown.rect.left));
-            if (to > from)
-                std::memcpy(row.data() + from,
-                            data + static_cast<std::ptrdiff_t>(desktopY) * stride +
-                                (static_cast<std::ptrdiff_t>(shown.rect.left) + from) * 4,
-                            static_cast<std::size_t>(to - from) * 4);
-        }
-        uint32_t* kept = shown.sent.data() + static_cast<std::size_t>(y) * width;
-        if (!fresh && std::memcmp(kept, row.data(), rowBytes) == 0)
-            return false;
-        std::memcpy(kept, row.data(), rowBytes);
-        return true;
-    };
-    int y = 0;
-    while (y < height) {
-        if (!refresh(y)) {
-            ++y;
-            continue;
-        }
-        int end = y + 1;
-        while (end < height && end - y < rowsPerRequest && refresh(end))
-            ++end;
-        xcb_put_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, shown.id, m_gc,
-                      static_cast<uint16_t>(width), static_cast<uint16_t>(end - y), 0,
-                      static_cast<int16_t>(y), 0, 24, static_cast<uint32_t>(rowBytes * (end - y)),
-                      reinterpret_cast<const uint8_t*>(shown.sent.data() +
-                                                       static_cast<std::size_t>(y) * width));
-        y = end;
+// The X windows are stacked as their windows are, each raised in turn from
+// the bottom up whenever the order changed. Without a window manager nothing
+// else would; with one, the requests let it keep owned windows above their
+// owners as the program stacked them.
+void X11Backend::Restack() {
+    user::WindowManager& manager = user::WindowManager::Instance();
+    std::vector<xcb_window_t> order;
+    for (user::Window* window : manager.TopLevel()) {
+        auto it = m_shown.find(window->handle);
+        if (it != m_shown.end() && it->second.mapped)
+            order.push_back(it->second.id);
     }
+    if (order == m_stacked)
+        return;
+    m_stacked = order;
+    const uint32_t above = XCB_STACK_MODE_ABOVE;
+    for (auto it = order.rbegin(); it != order.rend(); ++it)
+        xcb_configure_window(m_connection, *it, XCB_CONFIG_WINDOW_STACK_MODE, &above);
 }
 
 void X11Backend::Forget(std::map<HWND, Shown>::iterator it) {
@@ -323,8 +294,9 @@ void X11Backend::Update() {
             continue;
         Shown& shown = m_shown[window->handle];
         SyncWindow(window->handle, shown);
-        SendPixels(shown);
+        SendPixels(window, shown);
     }
+    Restack();
     xcb_flush(m_connection);
 }
 

@@ -1,15 +1,24 @@
 // The desktop on an X11 display: each shown top-level window is an X window
-// holding a copy of that window's pixels on the desktop surface, sent with
-// plain PutImage requests; the display's input becomes messages.
+// holding that window's own pixels, sent with plain PutImage requests; the
+// display's input becomes messages, the clipboard is the display's selection
+// and other programs' top-level windows are seen through handles of their own.
 #pragma once
 
 #include "display/Backend.h"
+#include "display/x11/X11Clipboard.h"
+#include "display/x11/X11ForeignWindows.h"
 
 #include <xcb/xcb.h>
 
+#include <deque>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
+
+namespace platform::user {
+struct Window;
+}
 
 namespace platform::display::x11 {
 
@@ -36,6 +45,11 @@ private:
         bool configured = false;
         // The pixels the X window holds, as last sent; empty forces a resend.
         std::vector<uint32_t> sent;
+        // For a window that others cover: the parts of it that show on the
+        // desktop, and where the others lie (window coordinates), when its
+        // picture was last painted.
+        std::vector<uint32_t> seen;
+        std::vector<RECT> covered;
     };
 
     X11Backend(xcb_connection_t* connection, xcb_screen_t* screen);
@@ -45,8 +59,16 @@ private:
 
     Shown& Create(HWND hwnd);
     void SyncWindow(HWND hwnd, Shown& shown);
-    void SendPixels(Shown& shown);
+    void SendPixels(user::Window* window, Shown& shown);
+    // The desktop rectangles of the shown windows above window that lie over
+    // it, in its own coordinates; its owned popups that lie inside it are
+    // part of its picture and cover nothing.
+    std::vector<RECT> Covering(user::Window* window) const;
+    // Sends the rows of pixels (width by the window's height, stride in
+    // pixels) that differ from what the X window holds.
+    void SendRows(Shown& shown, const uint32_t* pixels, int stride);
     void Forget(std::map<HWND, Shown>::iterator it);
+    void Restack();
 
     HWND FindByWindow(xcb_window_t id) const;
     void Handle(xcb_generic_event_t* event);
@@ -54,10 +76,19 @@ private:
     void HandleConfigure(xcb_configure_notify_event_t* event);
     void HandleExpose(xcb_expose_event_t* event);
 
+    void OpenClipboard();
+    void CloseClipboard();
+
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen;
+    std::unique_ptr<X11Clipboard> m_clipboard;
+    std::unique_ptr<X11ForeignWindows> m_foreign;
+    // Events that came while the clipboard waited for another program.
+    std::deque<xcb_generic_event_t*> m_deferred;
     xcb_gcontext_t m_gc = 0;
     std::map<HWND, Shown> m_shown;
+    // The mapped X windows, topmost first, as last stacked.
+    std::vector<xcb_window_t> m_stacked;
     xcb_atom_t m_protocols = 0;
     xcb_atom_t m_deleteWindow = 0;
     xcb_atom_t m_netName = 0;

@@ -1,4 +1,5 @@
-// The display's events as the window system's messages: keys to the focus,
+// The display's events as the window system's messages: keys to the focus
+// inside the window they were typed into,
 // buttons and motion to the window under the pointer, exposure and resizing
 // through invalidation and WM_SIZE, the window manager's close as WM_CLOSE.
 #include "display/x11/KeySyms.h"
@@ -19,6 +20,12 @@ constexpr uint16_t kControlMask = XCB_MOD_MASK_CONTROL;
 } // namespace
 
 bool X11Backend::ProcessInput() {
+    while (!m_deferred.empty()) {
+        xcb_generic_event_t* event = m_deferred.front();
+        m_deferred.pop_front();
+        Handle(event);
+        free(event);
+    }
     while (xcb_generic_event_t* event = xcb_poll_for_event(m_connection)) {
         Handle(event);
         free(event);
@@ -27,6 +34,8 @@ bool X11Backend::ProcessInput() {
 }
 
 void X11Backend::Handle(xcb_generic_event_t* event) {
+    if (m_clipboard->Handle(event))
+        return;
     const uint8_t type = event->response_type & 0x7F;
     switch (type) {
     case XCB_KEY_PRESS:
@@ -107,6 +116,12 @@ void X11Backend::HandleKey(xcb_key_press_event_t* event, bool down) {
     UINT vk = VirtualKeyFor(keysym);
     if (!vk)
         return;
+    // The key belongs to the window it was typed into: that window becomes
+    // the active one (its focus coming back with it), as a click on it would
+    // make it, unless a modal dialog has disabled it.
+    HWND hwnd = FindByWindow(event->event);
+    if (down && hwnd && IsWindowEnabled(hwnd) && GetActiveWindow() != hwnd)
+        SetActiveWindow(hwnd);
     user::PostKeyToFocus(down, vk, CharacterFor(keysym));
 }
 

@@ -252,6 +252,28 @@ TEST_F(X11DisplayTest, TypedKeysReachTheEditAndAClickReachesTheButton) {
             changedInEdit += after[static_cast<std::size_t>(y * width + x)] !=
                              before[static_cast<std::size_t>(y * width + x)];
     EXPECT_GT(changedInEdit, 20u);
+
+    // The display shows the typed text and the released button: once the
+    // loop has nothing left to do its pixels equal the headless ones.
+    std::size_t differing = 0;
+    int firstRow = -1, lastRow = -1;
+    EXPECT_TRUE(RunUntil([&] {
+        int w = 0, h = 0;
+        const std::vector<uint32_t> headless = HeadlessPixels(dialog, &w, &h);
+        const std::vector<uint32_t> live =
+            DisplayPixels(platform::display::XWindowOf(dialog), w, h);
+        differing = live.size() == headless.size() ? 0 : headless.size();
+        firstRow = lastRow = -1;
+        for (std::size_t i = 0; i < live.size() && i < headless.size(); ++i)
+            if (live[i] != headless[i]) {
+                ++differing;
+                if (firstRow < 0)
+                    firstRow = static_cast<int>(i) / w;
+                lastRow = static_cast<int>(i) / w;
+            }
+        return differing == 0;
+    })) << differing
+        << " pixels differ in rows " << firstRow << " to " << lastRow;
 }
 
 TEST_F(X11DisplayTest, TheWindowManagersCloseBecomesWmClose) {

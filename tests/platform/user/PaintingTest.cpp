@@ -307,3 +307,23 @@ TEST_F(PaintingTest, AWindowOnTopIsPaintedAfterTheOneItCovers) {
     UnregisterClass(u"PaintingTestCover", nullptr);
     DeleteObject(coverBrush);
 }
+
+TEST_F(PaintingTest, AChildThatPaintedBeforeItsParentIsPaintedAgainAfterIt) {
+    // A child (an edit updating at once as it is typed into) paints while its
+    // parent still waits to be painted: the parent's painting covers it, so
+    // it must be painted again after.
+    HWND child = CreateWindowEx(0, u"PaintingTestInk", u"", WS_CHILD | WS_VISIBLE | WS_BORDER, 10,
+                                10, 30, 20, hwnd, nullptr, nullptr, nullptr);
+    platform::PumpMessages();
+    ASSERT_EQ(At(20, 20), kInk);
+    InvalidateRect(hwnd, nullptr, TRUE);
+    UpdateWindow(child);
+    // The parent paints only its background: its ink would hide the test.
+    SetWindowLongPtr(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(DefWindowProc));
+    platform::PumpMessages();
+    EXPECT_EQ(At(20, 20), kInk);
+    // The child's frame too.
+    EXPECT_NE(At(10, 10), kBackground);
+    SetWindowLongPtr(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(InkProc));
+    DestroyWindow(child);
+}
