@@ -1,0 +1,228 @@
+#include "TerminalWindow.h"
+
+#include <platform/CodePage.h>
+#include <platform/Display.h>
+
+#include <algorithm>
+#include <chrono>
+
+namespace {
+
+constexpr DWORD kWindowStyle = WS_OVERLAPPEDWINDOW;
+// How long one wake-up reads the program's output before the window paints:
+// a program that writes without pause is shown about fifty times a second.
+constexpr auto kReadBudget = std::chrono::milliseconds(20);
+
+CString Title(const std::vector<std::string>& program) {
+    std::string title = "Terminal:";
+    for (const std::string& arg : program)
+        title += " " + arg;
+    return platform::FromUtf8(title);
+}
+
+} // namespace
+
+TerminalWindow::TerminalWindow() = default;
+
+TerminalWindow::~TerminalWindow() {
+    if (m_pty.Descriptor() >= 0)
+        platform::display::UnwatchDescriptor(m_pty.Descriptor());
+    if (m_hWnd)
+        DestroyWindow();
+}
+
+const std::vector<TerminalWindow::Font>& TerminalWindow::Fonts() {
+    static const std::vector<Font> fonts = {
+        {u"Courier New", 12},    {u"Courier New", 14},    {u"Courier New", 16},
+        {u"Courier New", 20},    {u"Lucida Console", 12}, {u"Lucida Console", 14},
+        {u"Lucida Console", 16}, {u"Lucida Console", 20},
+    };
+    return fonts;
+}
+
+bool TerminalWindow::Open(const Options& options, std::string* error) {
+    m_options = options;
+    m_layout.Apply(options.face, options.size);
+    m_screen = std::make_unique<ScreenBuffer>(m_layout);
+    // A VT100 whose set-up has auto wrap on, as its terminal description promises.
+    m_screen->SetAutoWrapMode(true);
+    m_parser = std::make_unique<Vt100Parser>(*m_screen);
+    m_parser->SetReplyHandler([this](const std::string& reply) { m_replies += reply; });
+
+    CSize view = m_layout.ViewSize(options.rows, options.columns);
+    RECT frame{0, 0, view.cx, view.cy};
+    AdjustWindowRect(&frame, kWindowStyle, FALSE);
+    if (!CreateEx(0, nullptr, Title(options.program), kWindowStyle, 40, 40,
+                  frame.right - frame.left, frame.bottom - frame.top, nullptr, nullptr)) {
+        *error = "cannot create the terminal window";
+        return false;
+    }
+    // OnSize has sized the screen; the program starts on that size.
+    m_screen->SetParent(this);
+    if (!m_pty.Start(options.program, m_ptyRows, m_ptyColumns, error)) {
+        DestroyWindow();
+        return false;
+    }
+    platform::display::WatchDescriptor(m_pty.Descriptor(), [this] { OnProgramReady(); });
+    ShowWindow(SW_SHOW);
+    SetFocus();
+    return true;
+}
+
+// --- Output from the program ---
+
+void TerminalWindow::OnProgramReady() {
+    const auto start = std::chrono::steady_clock::now();
+    char buffer[65536];
+    bool ended = false;
+    for (;;) {
+        std::size_t got = 0;
+        PtySession::ReadResult result = m_pty.Read(buffer, sizeof buffer, &got);
+        if (result == PtySession::ReadResult::Ended) {
+            ended = true;
+            break;
+        }
+        if (result == PtySession::ReadResult::Nothing)
+            break;
+        Feed(buffer, got);
+        SendReplies();
+        if (std::chrono::steady_clock::now() - start > kReadBudget)
+            break;
+    }
+    AfterOutput();
+    if (ended)
+        EndSession(m_pty.Finish());
+}
+
+void TerminalWindow::Feed(const char* data, std::size_t size) {
+    m_parser->Feed(data, size);
+    m_bytesReceived += size;
+    m_outputArrived = true;
+}
+
+void TerminalWindow::SendReplies() {
+    // Answers go out after the parser has returned: what the program writes
+    // while they are sent is fed to the parser again.
+    while (!m_replies.empty()) {
+        std::string replies;
+        replies.swap(m_replies);
+        m_pty.Write(replies, [this](const char* data, std::size_t size) { Feed(data, size); });
+    }
+}
+
+void TerminalWindow::AfterOutput() {
+    if (!m_outputArrived || !m_hWnd)
+        return;
+    m_outputArrived = false;
+    // The program switched between 80 and 132 columns: the window follows.
+    const int columnMode = m_screen->NumColumns();
+    if (columnMode != m_shownColumnMode) {
+        m_shownColumnMode = columnMode;
+        FitWindow(m_windowRows, columnMode);
+    }
+    // Without a device context attached the screen model reports no changed
+    // cells, so the whole view is painted once for everything read.
+    Invalidate(FALSE);
+}
+
+void TerminalWindow::EndSession(int exitCode) {
+    if (m_ended)
+        return;
+    m_ended = true;
+    m_exitCode = exitCode;
+    if (m_pty.Descriptor() >= 0)
+        platform::display::UnwatchDescriptor(m_pty.Descriptor());
+    if (m_hWnd)
+        DestroyWindow();
+}
+
+void TerminalWindow::Send(const std::string& bytes) {
+    if (m_ended || bytes.empty())
+        return;
+    m_pty.Write(bytes, [this](const char* data, std::size_t size) { Feed(data, size); });
+    SendReplies();
+    AfterOutput();
+}
+
+// --- Painting and geometry ---
+
+void TerminalWindow::OnPaint() {
+    CPaintDC dc(this);
+    RECT client;
+    GetClientRect(&client);
+    dc.FillSolidRect(&client, m_screen->GetBkColor());
+    CFont* oldFont = dc.GetCurrentFont();
+    m_screen->Refresh(&dc);
+    // The screen draws no cursor: a bar under the cursor's cell.
+    const int row = m_screen->GetRow() - 1;
+    const int col = std::min(m_screen->GetCol(), m_screen->VisColumns()) - 1;
+    if (!m_ended && row < m_screen->VisRows()) {
+        RECT cell = CellRect(row, col);
+        const int bar = std::max(2, static_cast<int>((cell.bottom - cell.top) / 8));
+        dc.FillSolidRect(cell.left, cell.bottom - bar, cell.right - cell.left, bar,
+                         TerminalLayout::kColours[0]);
+    }
+    dc.SelectObject(oldFont);
+}
+
+void TerminalWindow::OnSize(UINT, int cx, int cy) {
+    if (!m_screen)
+        return;
+    const CSize cell = m_layout.GetCharSize();
+    const int margin = m_layout.ColumnToX(0);
+    if (cell.cx <= 0 || cell.cy <= 0)
+        return;
+    m_windowRows = std::max(1, (cy - 2 * margin) / static_cast<int>(cell.cy));
+    m_windowColumns = std::clamp((cx - 2 * margin) / static_cast<int>(cell.cx), 1, 132);
+    // A selection is marked at one width: end it before the width changes.
+    DrawingSelection([&] { m_screen->Unselect(); });
+    m_screen->SetWindowSize(m_windowRows, m_windowColumns, true);
+    // The program is told the screen's own size: at least 24 rows and the
+    // terminal's columns, as the screen wraps and positions.
+    const int rows = m_screen->VisRows();
+    const int columns = m_screen->VisColumns();
+    if (rows != m_ptyRows || columns != m_ptyColumns) {
+        m_ptyRows = rows;
+        m_ptyColumns = columns;
+        m_pty.Resize(rows, columns);
+    }
+    Invalidate(FALSE);
+}
+
+void TerminalWindow::OnDestroy() {
+    // Closed by the user: the program is hung up.
+    if (!m_ended) {
+        if (m_pty.Descriptor() >= 0)
+            platform::display::UnwatchDescriptor(m_pty.Descriptor());
+        m_ended = true;
+        m_exitCode = m_pty.Finish();
+    }
+    if (m_options.quitWhenClosed)
+        PostQuitMessage(m_exitCode < 0 ? 1 : m_exitCode);
+    CWnd::OnDestroy();
+}
+
+void TerminalWindow::FitWindow(int rows, int columns) {
+    CSize view = m_layout.ViewSize(rows, columns);
+    RECT frame{0, 0, view.cx, view.cy};
+    AdjustWindowRect(&frame, kWindowStyle, FALSE);
+    SetWindowPos(nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
+                 SWP_NOMOVE | SWP_NOZORDER);
+}
+
+RECT TerminalWindow::CellRect(int row, int col) {
+    const CSize cell = m_layout.GetCharSize();
+    const int x = m_layout.ColumnToX(col);
+    const int y = m_layout.RowToY(row);
+    return RECT{x, y, x + static_cast<int>(cell.cx), y + static_cast<int>(cell.cy)};
+}
+
+CursorPos TerminalWindow::CellAt(int x, int y) {
+    const CSize cell = m_layout.GetCharSize();
+    const int margin = m_layout.ColumnToX(0);
+    const int lastRow = std::min(m_screen->VisRows(), m_windowRows) - 1;
+    const int lastCol = std::min(m_screen->VisColumns(), m_windowColumns) - 1;
+    const int row = std::clamp((y - margin) / std::max(1, static_cast<int>(cell.cy)), 0, lastRow);
+    const int col = std::clamp((x - margin) / std::max(1, static_cast<int>(cell.cx)), 0, lastCol);
+    return CursorPos(row + 1, col + 1);
+}
