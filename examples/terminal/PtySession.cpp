@@ -27,11 +27,15 @@ int ExitCode(int status) {
 } // namespace
 
 PtySession::~PtySession() {
+    HangUp();
+    if (m_pid > 0)
+        Finish();
+}
+
+void PtySession::HangUp() {
     if (m_master >= 0)
         ::close(m_master);
     m_master = -1;
-    if (m_pid > 0)
-        Finish();
 }
 
 bool PtySession::Start(const std::vector<std::string>& argv, int rows, int columns,

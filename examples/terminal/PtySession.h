@@ -39,6 +39,9 @@ public:
     // bytes could not all be written.
     bool Write(std::string_view bytes, const std::function<void(const char*, std::size_t)>& drain);
 
+    // Closes the terminal: the kernel hangs up the program's session.
+    void HangUp();
+
     // Tells the terminal its new size; the kernel signals SIGWINCH to the
     // program's foreground process group.
     bool Resize(int rows, int columns);

@@ -121,6 +121,7 @@ private:
     int m_ptyColumns = 0;
     int m_shownColumnMode = 80;
     WCHAR m_pendingHigh = 0;
+    WCHAR m_swallowChar = 0;
     bool m_selecting = false;
     bool m_dragged = false;
     CursorPos m_anchor;

@@ -72,11 +72,14 @@ bool TerminalWindow::OnKeyDown(UINT vk) {
     const bool shift = KeyHeld(VK_SHIFT);
     std::string bytes;
     bool handled = true;
-    if (control && shift && vk == 'C')
+    // Ctrl+Shift+C and V also type their control character: it is not sent.
+    if (control && shift && vk == 'C') {
         Copy();
-    else if (control && shift && vk == 'V')
+        m_swallowChar = 0x03;
+    } else if (control && shift && vk == 'V') {
         Paste();
-    else if (control && vk == VK_SPACE)
+        m_swallowChar = 0x16;
+    } else if (control && vk == VK_SPACE)
         bytes.assign(1, '\0');
     else if (!(bytes = key_bytes::ForKey(vk, m_screen->GetCursorKeyMode())).empty())
         ;
@@ -84,14 +87,15 @@ bool TerminalWindow::OnKeyDown(UINT vk) {
         handled = false;
     if (!handled)
         return false;
-    // The character the key also typed, if any, is not sent again.
-    MSG typed;
-    PeekMessage(&typed, m_hWnd, WM_CHAR, WM_CHAR, PM_REMOVE);
     Send(bytes);
     return true;
 }
 
 void TerminalWindow::OnChar(WCHAR ch) {
+    const WCHAR swallow = m_swallowChar;
+    m_swallowChar = 0;
+    if (ch == swallow)
+        return;
     Send(key_bytes::ForChar(ch, &m_pendingHigh));
 }
 
@@ -190,14 +194,6 @@ void TerminalWindow::OnContextMenu(int x, int y) {
         x = corner.x;
         y = corner.y;
     }
-    CMenu fonts;
-    fonts.CreatePopupMenu();
-    for (std::size_t i = 0; i < Fonts().size(); ++i) {
-        const Font& font = Fonts()[i];
-        CString label = CString(font.face) + u" " + platform::FromUtf8(std::to_string(font.size));
-        const bool current = m_options.face == font.face && m_options.size == font.size;
-        fonts.AppendMenu(MF_STRING | (current ? MF_CHECKED : 0), kFontFirst + i, label);
-    }
     CMenu menu;
     menu.CreatePopupMenu();
     menu.AppendMenu(MF_STRING | (m_screen->ActiveSelection() ? 0 : MF_GRAYED), kCopy,
@@ -210,8 +206,16 @@ void TerminalWindow::OnContextMenu(int x, int y) {
     const bool wide = m_screen->NumColumns() == 132;
     menu.AppendMenu(MF_STRING | (wide ? 0 : MF_CHECKED), kColumns80, u"&80 columns");
     menu.AppendMenu(MF_STRING | (wide ? MF_CHECKED : 0), kColumns132, u"&132 columns");
+    // The font choices sit in the menu itself: shortcut menus here open no
+    // pop-ups of their own.
     menu.AppendMenu(MF_SEPARATOR);
-    menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(fonts.Detach()), u"&Font");
+    for (std::size_t i = 0; i < Fonts().size(); ++i) {
+        const Font& font = Fonts()[i];
+        CString label =
+            u"Font: " + CString(font.face) + u" " + platform::FromUtf8(std::to_string(font.size));
+        const bool current = m_options.face == font.face && m_options.size == font.size;
+        menu.AppendMenu(MF_STRING | (current ? MF_CHECKED : 0), kFontFirst + i, label);
+    }
     menu.TrackPopupMenu(TPM_LEFTALIGN | TPM_RIGHTBUTTON, x, y, this);
     menu.DestroyMenu();
 }
