@@ -12,6 +12,10 @@ constexpr DWORD kWindowStyle = WS_OVERLAPPEDWINDOW;
 // How long one wake-up reads the program's output before the window paints:
 // a program that writes without pause is shown about fifty times a second.
 constexpr auto kReadBudget = std::chrono::milliseconds(20);
+// A read this small (an echo, a prompt, an editor's update) is drawn cell by
+// cell into the picture as the screen changes; a larger one is cheaper to
+// draw once, whole, when the window paints.
+constexpr std::size_t kDrawAsItComes = 1024;
 
 CString Title(const std::vector<std::string>& program) {
     std::string title = "Terminal:";
@@ -29,6 +33,7 @@ TerminalWindow::~TerminalWindow() {
         platform::display::UnwatchDescriptor(m_pty.Descriptor());
     if (m_hWnd)
         DestroyWindow();
+    ReleaseBackBuffer();
 }
 
 const std::vector<TerminalWindow::Font>& TerminalWindow::Fonts() {
@@ -95,7 +100,14 @@ void TerminalWindow::OnProgramReady() {
 }
 
 void TerminalWindow::Feed(const char* data, std::size_t size) {
-    m_parser->Feed(data, size);
+    if (size > kDrawAsItComes || !m_backCurrent) {
+        m_backCurrent = false;
+        m_parser->Feed(data, size);
+    } else {
+        m_screen->SetDC(&m_backDC);
+        m_parser->Feed(data, size);
+        m_screen->SetDC(nullptr);
+    }
     m_bytesReceived += size;
     m_outputArrived = true;
 }
@@ -120,8 +132,8 @@ void TerminalWindow::AfterOutput() {
         m_shownColumnMode = columnMode;
         FitWindow(m_windowRows, columnMode);
     }
-    // Without a device context attached the screen model reports no changed
-    // cells, so the whole view is painted once for everything read.
+    // The screen model names no changed cells: the view is copied whole from
+    // the picture, and the display sends on only the rows that differ.
     Invalidate(FALSE);
 }
 
@@ -146,13 +158,48 @@ void TerminalWindow::Send(const std::string& bytes) {
 
 // --- Painting and geometry ---
 
-void TerminalWindow::OnPaint() {
-    CPaintDC dc(this);
+bool TerminalWindow::EnsureBackBuffer() {
     RECT client;
     GetClientRect(&client);
-    dc.FillSolidRect(&client, m_screen->GetBkColor());
-    CFont* oldFont = dc.GetCurrentFont();
-    m_screen->Refresh(&dc);
+    const CSize size(std::max(1, static_cast<int>(client.right - client.left)),
+                     std::max(1, static_cast<int>(client.bottom - client.top)));
+    if (m_backOldBitmap && size == m_backSize)
+        return true;
+    ReleaseBackBuffer();
+    CClientDC window(this);
+    if (!m_backDC.CreateCompatibleDC(&window) ||
+        !m_backBitmap.CreateCompatibleBitmap(&window, size.cx, size.cy))
+        return false;
+    m_backOldBitmap = m_backDC.SelectObject(&m_backBitmap);
+    m_backOldFont = m_backDC.GetCurrentFont();
+    m_backSize = size;
+    return true;
+}
+
+void TerminalWindow::ReleaseBackBuffer() {
+    m_backCurrent = false;
+    if (!m_backOldBitmap)
+        return;
+    // The renderer leaves the last style's font selected.
+    m_backDC.SelectObject(m_backOldFont);
+    m_backDC.SelectObject(m_backOldBitmap);
+    m_backOldBitmap = nullptr;
+    m_backBitmap.DeleteObject();
+    m_backDC.DeleteDC();
+}
+
+void TerminalWindow::OnPaint() {
+    CPaintDC dc(this);
+    if (!EnsureBackBuffer()) {
+        m_backCurrent = false;
+        return;
+    }
+    if (!m_backCurrent) {
+        m_backDC.FillSolidRect(0, 0, m_backSize.cx, m_backSize.cy, m_screen->GetBkColor());
+        m_screen->Refresh(&m_backDC);
+        m_backCurrent = true;
+    }
+    dc.BitBlt(0, 0, m_backSize.cx, m_backSize.cy, &m_backDC, 0, 0, SRCCOPY);
     // The screen draws no cursor: a bar under the cursor's cell.
     const int row = m_screen->GetRow() - 1;
     const int col = std::min(m_screen->GetCol(), m_screen->VisColumns()) - 1;
@@ -162,7 +209,6 @@ void TerminalWindow::OnPaint() {
         dc.FillSolidRect(cell.left, cell.bottom - bar, cell.right - cell.left, bar,
                          TerminalLayout::kColours[0]);
     }
-    dc.SelectObject(oldFont);
 }
 
 void TerminalWindow::OnSize(UINT, int cx, int cy) {
@@ -177,6 +223,7 @@ void TerminalWindow::OnSize(UINT, int cx, int cy) {
     // A selection is marked at one width: end it before the width changes.
     DrawingSelection([&] { m_screen->Unselect(); });
     m_screen->SetWindowSize(m_windowRows, m_windowColumns, true);
+    m_backCurrent = false;
     // The program is told the screen's own size: at least 24 rows and the
     // terminal's columns, as the screen wraps and positions.
     const int rows = m_screen->VisRows();
@@ -200,6 +247,7 @@ void TerminalWindow::OnDestroy() {
     }
     if (m_options.quitWhenClosed)
         PostQuitMessage(m_exitCode < 0 ? 1 : m_exitCode);
+    ReleaseBackBuffer();
     CWnd::OnDestroy();
 }
 

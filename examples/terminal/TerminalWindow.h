@@ -86,6 +86,12 @@ private:
     // Input to the program; what it writes meanwhile is shown.
     void Send(const std::string& bytes);
 
+    // The picture of the screen (without the cursor) that painting copies:
+    // kept current by the screen itself while the program writes little, and
+    // redrawn whole after a larger burst.
+    bool EnsureBackBuffer();
+    void ReleaseBackBuffer();
+
     // Window geometry: resizes the window so its client area shows rows by
     // columns of cells.
     void FitWindow(int rows, int columns);
@@ -101,9 +107,16 @@ private:
     void OnLeftUp();
     void OnContextMenu(int x, int y);
     bool OnCommand(UINT command);
-    // Runs a selection change with a device context attached, so the screen
+    // Runs a selection change with the picture attached, so the screen
     // draws exactly the cells whose selection state changes.
     void DrawingSelection(const std::function<void()>& change);
+
+    CDC m_backDC;
+    CBitmap m_backBitmap;
+    CBitmap* m_backOldBitmap = nullptr;
+    CFont* m_backOldFont = nullptr;
+    CSize m_backSize;
+    bool m_backCurrent = false;
 
     Options m_options;
     TerminalLayout m_layout;

@@ -102,16 +102,12 @@ void TerminalWindow::OnChar(WCHAR ch) {
 // --- Selection ---
 
 void TerminalWindow::DrawingSelection(const std::function<void()>& change) {
-    if (!m_hWnd) {
-        change();
-        return;
-    }
-    CClientDC dc(this);
-    CFont* oldFont = dc.GetCurrentFont();
-    m_screen->SetDC(&dc);
+    if (m_backCurrent)
+        m_screen->SetDC(&m_backDC);
     change();
     m_screen->SetDC(nullptr);
-    dc.SelectObject(oldFont);
+    if (m_hWnd)
+        Invalidate(FALSE);
 }
 
 void TerminalWindow::OnLeftDown(int x, int y) {
@@ -259,6 +255,7 @@ void TerminalWindow::SetColumns(int columns) {
     const bool wide = columns > 80;
     if (wide != (m_screen->NumColumns() == 132)) {
         m_screen->SetColumnMode(wide);
+        m_backCurrent = false;
         m_shownColumnMode = m_screen->NumColumns();
     }
     FitWindow(m_windowRows, m_screen->NumColumns());
@@ -270,6 +267,7 @@ void TerminalWindow::SetFont(const CString& face, int size) {
     const int rows = m_windowRows;
     const int columns = m_windowColumns;
     m_layout.Apply(face, size);
+    m_backCurrent = false;
     FitWindow(rows, columns);
     Invalidate(FALSE);
 }
