@@ -203,7 +203,7 @@ void TerminalWindow::OnPaint() {
     // The screen draws no cursor: a bar under the cursor's cell.
     const int row = m_screen->GetRow() - 1;
     const int col = std::min(m_screen->GetCol(), m_screen->VisColumns()) - 1;
-    if (!m_ended && row < m_screen->VisRows()) {
+    if (!m_ended && m_parser->CursorVisible() && row < m_screen->VisRows()) {
         RECT cell = CellRect(row, col);
         const int bar = std::max(2, static_cast<int>((cell.bottom - cell.top) / 8));
         dc.FillSolidRect(cell.left, cell.bottom - bar, cell.right - cell.left, bar,

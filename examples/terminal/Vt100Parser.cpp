@@ -246,6 +246,7 @@ void Vt100Parser::Control(unsigned char byte) {
 void Vt100Parser::ResetParserModes() {
     m_newlineMode = false;
     m_insertMode = false;
+    m_cursorVisible = true;
 }
 
 void Vt100Parser::EscapeDispatch(unsigned char final) {
@@ -515,6 +516,9 @@ void Vt100Parser::DecPrivateMode(bool set) {
             break;
         case 7: // DECAWM
             m_screen.SetAutoWrapMode(set);
+            break;
+        case 25: // DECTCEM: the screen draws no cursor, so the host asks
+            m_cursorVisible = set;
             break;
         default:
             break;

@@ -21,6 +21,8 @@ public:
     // Newline mode (SM 20): line feeds also return the carriage. The screen only
     // stores the flag, so the parser keeps its own copy.
     bool NewlineMode() const { return m_newlineMode; }
+    // Whether the program wants the cursor shown (DECTCEM, CSI ? 25 h / l).
+    bool CursorVisible() const { return m_cursorVisible; }
     // A VT100 comes back from a hard reset (ESC c) with the wrap setting of its
     // set-up; the screen's own reset turns wrapping off. On by default.
     void SetAutoWrapAtReset(bool on) { m_autoWrapAtReset = on; }
@@ -88,5 +90,6 @@ private:
     bool m_newlineMode = false;
     // Insert mode as set through IRM, so that a fill can turn it off and back.
     bool m_insertMode = false;
+    bool m_cursorVisible = true;
     std::function<void(const std::string&)> m_reply;
 };

@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 
 namespace {
 
@@ -56,6 +57,40 @@ TEST_F(TerminalWindowTest, LessPagesForwardAndBackAndQuits) {
     ASSERT_TRUE(RunUntil([&] { return probe.Line(0) == "line number 25"; })) << ScreenText();
     Type(u"b"); // a page back
     ASSERT_TRUE(RunUntil([&] { return probe.Line(0) == "line number 2"; })) << ScreenText();
+    Type(u"q");
+    ASSERT_TRUE(WaitForEnd()) << ScreenText();
+    EXPECT_EQ(window->ExitCode(), 0);
+}
+
+TEST_F(TerminalWindowTest, VimEditsAndWritesAFile) {
+    if (!Installed("vim"))
+        GTEST_SKIP() << "vim is not installed";
+    const auto dir = testing_support::TestOutputDir("terminal-window");
+    const auto file = dir / "edited.txt";
+    {
+        std::ofstream out(file);
+        out << "first line\nsecond line\n";
+    }
+    ASSERT_TRUE(Open({"vim", "-u", "NONE", "-N", "-n", file.string()}));
+    ASSERT_TRUE(WaitFor("second line")) << ScreenText();
+    // Down a line by the cursor key, then insert at its start.
+    PressKey(VK_DOWN);
+    Type(u"Iinserted \x1b");
+    ASSERT_TRUE(WaitFor("inserted second line")) << ScreenText();
+    Type(u":wq\r");
+    ASSERT_TRUE(WaitForEnd()) << ScreenText();
+    EXPECT_EQ(window->ExitCode(), 0);
+    std::ifstream in(file);
+    std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    EXPECT_EQ(text, "first line\ninserted second line\n");
+}
+
+TEST_F(TerminalWindowTest, TopDrawsItsHeaderAndQuitsOnItsKey) {
+    if (!Installed("top"))
+        GTEST_SKIP() << "top is not installed";
+    ASSERT_TRUE(Open({"top", "-d", "0.5"}));
+    ASSERT_TRUE(WaitFor("load average")) << ScreenText();
+    ASSERT_TRUE(WaitFor("PID")) << ScreenText();
     Type(u"q");
     ASSERT_TRUE(WaitForEnd()) << ScreenText();
     EXPECT_EQ(window->ExitCode(), 0);

@@ -1,7 +1,5 @@
-// The bytes the terminal window sends for keys and typed characters, and the
-// parser's answers to the reports a program asks for.
+// The bytes the terminal window sends for keys and typed characters.
 #include "KeyBytes.h"
-#include "ParserTestSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -47,39 +45,6 @@ TEST(KeyBytes, EditingAndFunctionKeys) {
     EXPECT_EQ(key_bytes::ForKey('A', false), "");
     EXPECT_EQ(key_bytes::ForKey(VK_RETURN, false), "");
     EXPECT_EQ(key_bytes::ForKey(VK_F5, false), "");
-}
-
-class ReportTest : public ParserTest {
-protected:
-    ReportTest() {
-        parser.SetReplyHandler([this](const std::string& reply) { replies += reply; });
-    }
-    std::string replies;
-};
-
-TEST_F(ReportTest, StatusCursorPositionAndDeviceAttributesAreAnswered) {
-    Feed("\x1b[5n");
-    EXPECT_EQ(replies, "\x1b[0n");
-    replies.clear();
-    Feed("\x1b[3;17H\x1b[6n");
-    EXPECT_EQ(replies, "\x1b[3;17R");
-    replies.clear();
-    // At the pending-wrap position the cursor reports the last column.
-    Feed("\x1b[24;75Habcdef\x1b[6n");
-    EXPECT_EQ(replies, "\x1b[24;80R");
-    replies.clear();
-    Feed("\x1b[c\x1b[0c");
-    EXPECT_EQ(replies, "\x1b[?1;2c\x1b[?1;2c");
-    replies.clear();
-    // Requests the terminal does not know get no answer.
-    Feed("\x1b[1c\x1b[7n\x1b[?6n");
-    EXPECT_EQ(replies, "");
-}
-
-TEST_F(ParserTest, ReportRequestsWithoutAHandlerChangeNothing) {
-    Feed("ab\x1b[6n\x1b[c");
-    EXPECT_EQ(Line(0), "ab");
-    EXPECT_EQ(Cursor(), "1,3");
 }
 
 } // namespace
