@@ -92,6 +92,13 @@ PtySession::ReadResult PtySession::Read(char* buffer, std::size_t size, std::siz
     }
 }
 
+bool PtySession::WaitReadable(int ms) {
+    if (m_master < 0)
+        return true;
+    pollfd pfd{m_master, POLLIN, 0};
+    return ::poll(&pfd, 1, ms) > 0;
+}
+
 bool PtySession::Write(std::string_view bytes,
                        const std::function<void(const char*, std::size_t)>& drain) {
     using Clock = std::chrono::steady_clock;

@@ -33,6 +33,10 @@ public:
     // terminal's other side is closed (the program has exited).
     ReadResult Read(char* buffer, std::size_t size, std::size_t* got);
 
+    // Waits up to ms milliseconds for the program to write; true when it has
+    // (or has ended).
+    bool WaitReadable(int ms);
+
     // Writes every byte. While the program does not take them (its input is
     // full), what it writes meanwhile goes to drain, so neither side blocks
     // the other; gives up after a few seconds without progress. False when the

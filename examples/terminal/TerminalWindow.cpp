@@ -16,6 +16,8 @@ constexpr auto kReadBudget = std::chrono::milliseconds(20);
 // cell into the picture as the screen changes; a larger one is cheaper to
 // draw once, whole, when the window paints.
 constexpr std::size_t kDrawAsItComes = 1024;
+// How long a burst may pause before what has come is painted.
+constexpr int kBurstPauseMs = 2;
 
 CString Title(const std::vector<std::string>& program) {
     std::string title = "Terminal:";
@@ -79,19 +81,27 @@ bool TerminalWindow::Open(const Options& options, std::string* error) {
 void TerminalWindow::OnProgramReady() {
     const auto start = std::chrono::steady_clock::now();
     char buffer[65536];
+    std::size_t total = 0;
     bool ended = false;
     for (;;) {
+        const bool inTime = std::chrono::steady_clock::now() - start < kReadBudget;
         std::size_t got = 0;
         PtySession::ReadResult result = m_pty.Read(buffer, sizeof buffer, &got);
         if (result == PtySession::ReadResult::Ended) {
             ended = true;
             break;
         }
-        if (result == PtySession::ReadResult::Nothing)
+        if (result == PtySession::ReadResult::Nothing) {
+            // A program in the middle of a burst is only briefly behind the
+            // reader: wait for it a moment rather than paint every time.
+            if (total > kDrawAsItComes && inTime && m_pty.WaitReadable(kBurstPauseMs))
+                continue;
             break;
+        }
         Feed(buffer, got);
         SendReplies();
-        if (std::chrono::steady_clock::now() - start > kReadBudget)
+        total += got;
+        if (!inTime)
             break;
     }
     AfterOutput();
