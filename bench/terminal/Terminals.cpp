@@ -27,8 +27,10 @@ bool OnPath(const std::string& program) {
 
 std::vector<std::string> Terminal::Command(const std::string& title,
                                            const std::string& script) const {
+    // Ours in a face and size near the peers' defaults (xterm's 6x13 fixed
+    // font, st's 12-pixel Liberation Mono), so every window is about as big.
     if (ours)
-        return {program, "--window", "--run", "bash", "-c", script, title};
+        return {program, "--window", "--size", "12", "--run", "bash", "-c", script, title};
     std::vector<std::string> command{program};
     if (name == "xterm")
         command.insert(command.end(), {"-T", title, "-geometry", "80x24"});

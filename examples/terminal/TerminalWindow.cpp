@@ -18,6 +18,8 @@ constexpr auto kReadBudget = std::chrono::milliseconds(20);
 constexpr std::size_t kDrawAsItComes = 1024;
 // How long a burst may pause before what has come is painted.
 constexpr int kBurstPauseMs = 2;
+// How long a key waits for its echo before the loop goes on.
+constexpr int kEchoWaitMs = 1;
 
 CString Title(const std::vector<std::string>& program) {
     std::string title = "Terminal:";
@@ -164,6 +166,11 @@ void TerminalWindow::Send(const std::string& bytes) {
     m_pty.Write(bytes, [this](const char* data, std::size_t size) { Feed(data, size); });
     SendReplies();
     AfterOutput();
+    // The echo of a key, or a program's answer to it, usually follows within
+    // a fraction of a millisecond: taking it now puts it in the same paint and
+    // the same display update as the key.
+    if (!m_ended && m_pty.WaitReadable(kEchoWaitMs))
+        OnProgramReady();
 }
 
 // --- Painting and geometry ---
