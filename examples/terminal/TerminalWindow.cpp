@@ -10,8 +10,8 @@ namespace {
 
 constexpr DWORD kWindowStyle = WS_OVERLAPPEDWINDOW;
 // How long one wake-up reads the program's output before the window paints:
-// a program that writes without pause is shown about fifty times a second.
-constexpr auto kReadBudget = std::chrono::milliseconds(20);
+// a program that writes without pause is shown about thirty times a second.
+constexpr auto kReadBudget = std::chrono::milliseconds(33);
 // A read this small (an echo, a prompt, an editor's update) is drawn cell by
 // cell into the picture as the screen changes; a larger one is cheaper to
 // draw once, whole, when the window paints.
@@ -212,7 +212,17 @@ void TerminalWindow::OnPaint() {
         return;
     }
     if (!m_backCurrent) {
-        m_backDC.FillSolidRect(0, 0, m_backSize.cx, m_backSize.cy, m_screen->GetBkColor());
+        // The cells cover their grid opaquely: only the margins around it are filled.
+        const COLORREF background = m_screen->GetBkColor();
+        const int left = m_layout.ColumnToX(0), top = m_layout.RowToY(0);
+        const int right = m_layout.ColumnToX(m_screen->VisColumns());
+        const int bottom = m_layout.RowToY(m_screen->VisRows());
+        m_backDC.FillSolidRect(0, 0, m_backSize.cx, top, background);
+        m_backDC.FillSolidRect(0, 0, left, m_backSize.cy, background);
+        m_backDC.FillSolidRect(right, 0, std::max(0, m_backSize.cx - right), m_backSize.cy,
+                               background);
+        m_backDC.FillSolidRect(0, bottom, m_backSize.cx, std::max(0, m_backSize.cy - bottom),
+                               background);
         m_screen->Refresh(&m_backDC);
         m_backCurrent = true;
     }
