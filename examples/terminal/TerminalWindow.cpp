@@ -10,8 +10,10 @@ namespace {
 
 constexpr DWORD kWindowStyle = WS_OVERLAPPEDWINDOW;
 // How long one wake-up reads the program's output before the window paints:
-// a program that writes without pause is shown about thirty times a second.
-constexpr auto kReadBudget = std::chrono::milliseconds(33);
+// a program that floods the terminal is shown ten times a second (a jump
+// scroll), since each picture costs about as much as reading 100 KB; output
+// that stops is painted as soon as it stops.
+constexpr auto kReadBudget = std::chrono::milliseconds(100);
 // A read this small (an echo, a prompt, an editor's update) is drawn cell by
 // cell into the picture as the screen changes; a larger one is cheaper to
 // draw once, whole, when the window paints.
