@@ -1,18 +1,18 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build, the tests, the demo and the benchmarks
 # need; does nothing for packages already present. WIN_BENCH_PEERS=1 adds the
-# peer libraries of the benchmark comparisons, WIN_COVERAGE=1 the coverage report tool.
+# peer libraries and terminals of the benchmark comparisons, WIN_COVERAGE=1 the coverage report tool.
 set -euo pipefail
 packages=(
     build-essential cmake ninja-build pkg-config clang libclang-rt-14-dev
     libcairo2-dev libfontconfig-dev libfreetype-dev libicu-dev libcups2-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     fonts-dejavu-core fonts-dejavu-extra fonts-liberation2
-    poppler-utils dialog cups-daemon
+    poppler-utils dialog less vim procps cups-daemon
     libxcb1-dev xvfb xdotool xclip xterm
 )
 if [ "${WIN_BENCH_PEERS:-0}" = 1 ]; then
-    packages+=(libvterm-dev libtsm-dev)
+    packages+=(libvterm-dev libtsm-dev libxcb-xtest0-dev xterm rxvt-unicode stterm xclip x11-apps)
 fi
 if [ "${WIN_COVERAGE:-0}" = 1 ]; then
     packages+=(gcovr)

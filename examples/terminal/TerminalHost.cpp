@@ -1,11 +1,12 @@
 // The host terminal: reads a byte stream (a file, standard input, a program run
 // in a pseudo-terminal, or the built-in sample session), drives a ScreenBuffer
 // through the VT100 parser, and writes the screen as a PNG and a printed PDF
-// page, plus the selected text.
+// page, plus the selected text. With --window it is an interactive terminal.
 #include "PtyCapture.h"
 #include "SampleSession.h"
 #include "ScreenOutput.h"
 #include "TerminalLayout.h"
+#include "TerminalSession.h"
 #include "Vt100Parser.h"
 
 #include <cstdio>
@@ -35,24 +36,30 @@ struct Options {
     CursorPos selTo;
     CString face = u"Courier New";
     int size = 16;
+    bool window = false;
 };
 
 void Usage() {
-    std::fprintf(stderr,
-                 "usage: terminal_host [source] [outputs] [options]\n"
-                 "sources (the sample session when none is given):\n"
-                 "  --sample            the built-in session, with a selection\n"
-                 "  --file PATH         a recorded byte stream\n"
-                 "  --stdin             standard input\n"
-                 "  --run PROGRAM ARGS  a program in a pseudo-terminal (TERM=vt100), to the end\n"
-                 "                      of the command line\n"
-                 "outputs:\n"
-                 "  --png PATH  --pdf PATH  --text PATH (the selected text, UTF-8)\n"
-                 "options:\n"
-                 "  --timeout SECONDS   how long a program may run (default 5)\n"
-                 "  --rows N --columns N the window size (default 24 by 80)\n"
-                 "  --select R1,C1,R2,C2 a selection, one-based and inclusive\n"
-                 "  --font FACE --size N\n");
+    std::fprintf(
+        stderr,
+        "usage: terminal_host [source] [outputs] [options]\n"
+        "sources (the sample session when none is given):\n"
+        "  --sample            the built-in session, with a selection\n"
+        "  --file PATH         a recorded byte stream\n"
+        "  --stdin             standard input\n"
+        "  --run PROGRAM ARGS  a program in a pseudo-terminal (TERM=vt100), to the end\n"
+        "                      of the command line\n"
+        "  --window            an interactive terminal window running --run's program,\n"
+        "                      else $SHELL (else /bin/sh); --pdf names where its menu's\n"
+        "                      \"Print screen to PDF\" writes (default terminal-screen.pdf)\n"
+        "                      (WIN_DISPLAY=x11 shows it on the X display)\n"
+        "outputs:\n"
+        "  --png PATH  --pdf PATH  --text PATH (the selected text, UTF-8)\n"
+        "options:\n"
+        "  --timeout SECONDS   how long a program may run (default 5)\n"
+        "  --rows N --columns N the window size (default 24 by 80)\n"
+        "  --select R1,C1,R2,C2 a selection, one-based and inclusive\n"
+        "  --font FACE --size N\n");
 }
 
 bool ParseInt(const char* text, int min, int max, int& value) {
@@ -69,7 +76,9 @@ bool ParseOptions(int argc, char** argv, Options& options) {
         std::string arg = argv[i];
         auto next = [&]() -> const char* { return i + 1 < argc ? argv[++i] : nullptr; };
         const char* value = nullptr;
-        if (arg == "--sample") {
+        if (arg == "--window") {
+            options.window = true;
+        } else if (arg == "--sample") {
             options.source = Options::Source::Sample;
         } else if (arg == "--stdin") {
             options.source = Options::Source::Stdin;
@@ -164,12 +173,30 @@ bool SelectionFits(const ScreenBuffer& screen, const CursorPos& a, const CursorP
 
 } // namespace
 
+static int RunWindow(const Options& options) {
+    TerminalWindow::Options window;
+    window.program = options.program;
+    if (window.program.empty()) {
+        const char* shell = std::getenv("SHELL");
+        window.program.push_back(shell && *shell ? shell : "/bin/sh");
+    }
+    window.face = options.face;
+    window.size = options.size;
+    window.rows = options.rows;
+    window.columns = options.columns;
+    if (!options.pdf.empty())
+        window.pdfPath = options.pdf;
+    return RunTerminalWindow(window);
+}
+
 int main(int argc, char** argv) {
     Options options;
     if (!ParseOptions(argc, argv, options)) {
         Usage();
         return 2;
     }
+    if (options.window)
+        return RunWindow(options);
     std::string bytes;
     if (!ReadSource(options, bytes))
         return 1;

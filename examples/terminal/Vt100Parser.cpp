@@ -246,6 +246,7 @@ void Vt100Parser::Control(unsigned char byte) {
 void Vt100Parser::ResetParserModes() {
     m_newlineMode = false;
     m_insertMode = false;
+    m_cursorVisible = true;
 }
 
 void Vt100Parser::EscapeDispatch(unsigned char final) {
@@ -454,8 +455,29 @@ void Vt100Parser::CsiDispatch(unsigned char final) {
     case 'm': // SGR
         SelectGraphicRendition();
         break;
-    default: // reports (DA, DSR) need an answer channel the screen does not have
+    case 'c': // DA
+    case 'n': // DSR
+        Report(final);
         break;
+    default:
+        break;
+    }
+}
+
+void Vt100Parser::Report(unsigned char final) {
+    if (!m_reply)
+        return;
+    if (final == 'c') {
+        if (Param(0) == 0)
+            m_reply("\x1b[?1;2c"); // a VT100 with the advanced video option
+        return;
+    }
+    if (Param(0) == 5) {
+        m_reply("\x1b[0n"); // no malfunction
+    } else if (Param(0) == 6) {
+        // The pending-wrap position reports as the last column.
+        const int col = std::min(m_screen.GetCol(), m_screen.VisColumns());
+        m_reply("\x1b[" + std::to_string(m_screen.GetRow()) + ";" + std::to_string(col) + "R");
     }
 }
 
@@ -494,6 +516,9 @@ void Vt100Parser::DecPrivateMode(bool set) {
             break;
         case 7: // DECAWM
             m_screen.SetAutoWrapMode(set);
+            break;
+        case 25: // DECTCEM: the screen draws no cursor, so the host asks
+            m_cursorVisible = set;
             break;
         default:
             break;

@@ -7,6 +7,8 @@
 #include <Win/Win.h>
 
 #include <cstddef>
+#include <functional>
+#include <string>
 #include <string_view>
 
 class Vt100Parser {
@@ -19,9 +21,17 @@ public:
     // Newline mode (SM 20): line feeds also return the carriage. The screen only
     // stores the flag, so the parser keeps its own copy.
     bool NewlineMode() const { return m_newlineMode; }
+    // Whether the program wants the cursor shown (DECTCEM, CSI ? 25 h / l).
+    bool CursorVisible() const { return m_cursorVisible; }
     // A VT100 comes back from a hard reset (ESC c) with the wrap setting of its
     // set-up; the screen's own reset turns wrapping off. On by default.
     void SetAutoWrapAtReset(bool on) { m_autoWrapAtReset = on; }
+    // Where the answers to the terminal's reports go (device attributes, status
+    // and cursor position): a host with a program on the other end writes them
+    // back to it. Without one, report requests are ignored.
+    void SetReplyHandler(std::function<void(const std::string&)> reply) {
+        m_reply = std::move(reply);
+    }
 
 private:
     enum class State {
@@ -50,6 +60,7 @@ private:
     void DecPrivateMode(bool set);
     void AnsiMode(bool set);
     void SelectGraphicRendition();
+    void Report(unsigned char final);
     void LineFeed();
     // ESC # 8: the screen alignment pattern.
     void AlignmentPattern();
@@ -79,4 +90,6 @@ private:
     bool m_newlineMode = false;
     // Insert mode as set through IRM, so that a fill can turn it off and back.
     bool m_insertMode = false;
+    bool m_cursorVisible = true;
+    std::function<void(const std::string&)> m_reply;
 };

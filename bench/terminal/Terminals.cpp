@@ -1,0 +1,91 @@
+#include "Terminals.h"
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sstream>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+bool OnPath(const std::string& program) {
+    if (program.find('/') != std::string::npos)
+        return access(program.c_str(), X_OK) == 0;
+    const char* path = std::getenv("PATH");
+    std::stringstream dirs(path ? path : "/usr/bin:/bin");
+    std::string dir;
+    while (std::getline(dirs, dir, ':'))
+        if (!dir.empty() && access((dir + "/" + program).c_str(), X_OK) == 0)
+            return true;
+    return false;
+}
+
+} // namespace
+
+std::vector<std::string> Terminal::Command(const std::string& title,
+                                           const std::string& script) const {
+    // Ours in a face and size near the peers' defaults (xterm's 6x13 fixed
+    // font, st's 12-pixel Liberation Mono), so every window is about as big.
+    if (ours)
+        return {program, "--window", "--size", "12", "--run", "bash", "-c", script, title};
+    std::vector<std::string> command{program};
+    if (name == "xterm")
+        command.insert(command.end(), {"-T", title, "-geometry", "80x24"});
+    else if (name == "urxvt")
+        command.insert(command.end(), {"-title", title, "-geometry", "80x24"});
+    else // st
+        command.insert(command.end(), {"-t", title, "-g", "80x24"});
+    command.insert(command.end(), {"-e", "bash", "-c", script, title});
+    return command;
+}
+
+std::vector<Terminal> Terminals(const std::string& oursPath, std::vector<std::string>* missing) {
+    std::vector<Terminal> terminals;
+    Terminal ours{"ours", oursPath};
+    ours.ours = true;
+    terminals.push_back(ours);
+    for (const char* peer : {"xterm", "urxvt", "st"}) {
+        if (OnPath(peer))
+            terminals.push_back(Terminal{peer, peer});
+        else
+            missing->push_back(peer);
+    }
+    return terminals;
+}
+
+pid_t Launch(const Terminal& terminal, const std::vector<std::string>& command,
+             const std::string& display, const std::vector<std::string>& environment) {
+    std::vector<char*> args;
+    for (const std::string& arg : command)
+        args.push_back(const_cast<char*>(arg.c_str()));
+    args.push_back(nullptr);
+    const pid_t pid = fork();
+    if (pid != 0)
+        return pid;
+    setenv("DISPLAY", display.c_str(), 1);
+    if (terminal.ours)
+        setenv("WIN_DISPLAY", "x11", 1);
+    for (const std::string& entry : environment)
+        putenv(const_cast<char*>(entry.c_str()));
+    const int devnull = open("/dev/null", O_RDWR);
+    dup2(devnull, 0);
+    dup2(devnull, 1);
+    dup2(devnull, 2);
+    execvp(args[0], args.data());
+    _exit(127);
+}
+
+bool WaitOrKill(pid_t pid, double seconds) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
+    while (std::chrono::steady_clock::now() < deadline) {
+        if (waitpid(pid, nullptr, WNOHANG) == pid)
+            return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    kill(pid, SIGKILL);
+    waitpid(pid, nullptr, 0);
+    return false;
+}

@@ -1,0 +1,30 @@
+// The terminals the benchmark compares: ours and the peers installed here,
+// each started on an X display with a bash script to run, as a user would
+// start it from a launcher.
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+struct Terminal {
+    std::string name;
+    std::string program; // the executable
+    // The command line that opens an 80 by 24 window titled title, running
+    // bash -c script (the title also follows as the script's $0).
+    std::vector<std::string> Command(const std::string& title, const std::string& script) const;
+    bool ours = false;
+};
+
+// Our terminal_host --window, then xterm, urxvt and st; peers not installed
+// are named in *missing and left out.
+std::vector<Terminal> Terminals(const std::string& oursPath, std::vector<std::string>* missing);
+
+// Starts a terminal on display with extra environment NAME=VALUE entries;
+// its output goes to /dev/null. -1 when it cannot start.
+pid_t Launch(const Terminal& terminal, const std::vector<std::string>& command,
+             const std::string& display, const std::vector<std::string>& environment);
+// Waits up to seconds for the process to end, then kills it. True when it
+// ended by itself.
+bool WaitOrKill(pid_t pid, double seconds);

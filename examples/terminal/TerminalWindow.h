@@ -1,0 +1,147 @@
+// The interactive terminal: a top-level window that runs a program on a
+// pseudo-terminal, shows its output through the VT100 parser and the screen
+// model, and sends it the user's keys. The program's descriptor is watched by
+// the message loop, so one loop serves the window and the program.
+#pragma once
+
+#include "PtySession.h"
+#include "TerminalLayout.h"
+#include "Vt100Parser.h"
+
+#include <afxwin.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+// The middle button's release, as the original platform numbers it: the
+// platform's headers do not name the middle button's messages yet.
+#ifndef WM_MBUTTONUP
+#define WM_MBUTTONUP 0x0208
+#endif
+
+class TerminalWindow : public CWnd {
+public:
+    // The shortcut menu's commands.
+    enum Command : UINT {
+        kCopy = 100,
+        kPaste,
+        kPrint,
+        kColumns80,
+        kColumns132,
+        kFontFirst = 120, // one command per entry of Fonts()
+    };
+
+    struct Font {
+        const char16_t* face;
+        int size;
+    };
+    // The faces and sizes the shortcut menu offers.
+    static const std::vector<Font>& Fonts();
+
+    struct Options {
+        std::vector<std::string> program;
+        CString face = u"Courier New";
+        int size = 16;
+        int rows = 24;
+        int columns = 80;
+        std::string pdfPath = "terminal-screen.pdf"; // where "Print screen to PDF" writes
+        bool quitWhenClosed = true;                  // post WM_QUIT with the exit code
+    };
+
+    TerminalWindow();
+    ~TerminalWindow() override;
+
+    // Creates the window and starts the program on a terminal of the window's
+    // size. False, with the reason in *error, when either fails.
+    bool Open(const Options& options, std::string* error);
+
+    ScreenBuffer& Screen() { return *m_screen; }
+    TerminalLayout& Layout() { return m_layout; }
+    // Set once the program has exited or the window was closed.
+    bool Ended() const { return m_ended; }
+    // The program's exit code as a shell reports it; -1 until it ended.
+    int ExitCode() const { return m_exitCode; }
+    // Every byte read from the program so far.
+    std::size_t BytesReceived() const { return m_bytesReceived; }
+    // The size in cells the program was last told.
+    int TerminalRows() const { return m_ptyRows; }
+    int TerminalColumns() const { return m_ptyColumns; }
+
+    // What the shortcut menu and the keyboard shortcuts do.
+    bool Copy();
+    bool Paste();
+    bool PrintScreen();
+    void SetColumns(int columns);
+    void SetFont(const CString& face, int size);
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnPaint() override;
+    void OnSize(UINT type, int cx, int cy) override;
+    void OnDestroy() override;
+
+private:
+    // Output from the program.
+    void OnProgramReady();
+    void Feed(const char* data, std::size_t size);
+    void SendReplies();
+    void AfterOutput();
+    void EndSession(int exitCode);
+    // Input to the program; what it writes meanwhile is shown.
+    void Send(const std::string& bytes);
+
+    // The picture of the screen (without the cursor) that painting copies:
+    // kept current by the screen itself while the program writes little, and
+    // redrawn whole after a larger burst.
+    bool EnsureBackBuffer();
+    void ReleaseBackBuffer();
+
+    // Window geometry: resizes the window so its client area shows rows by
+    // columns of cells.
+    void FitWindow(int rows, int columns);
+    RECT CellRect(int row, int col);
+    // The one-based cell under a client point, kept inside the visible screen.
+    CursorPos CellAt(int x, int y);
+
+    // Input handlers.
+    bool OnKeyDown(UINT vk);
+    void OnChar(WCHAR ch);
+    void OnLeftDown(int x, int y);
+    void OnMouseMove(int x, int y);
+    void OnLeftUp();
+    void OnContextMenu(int x, int y);
+    bool OnCommand(UINT command);
+    // Runs a selection change with the picture attached, so the screen
+    // draws exactly the cells whose selection state changes.
+    void DrawingSelection(const std::function<void()>& change);
+
+    CDC m_backDC;
+    CBitmap m_backBitmap;
+    CBitmap* m_backOldBitmap = nullptr;
+    CFont* m_backOldFont = nullptr;
+    CSize m_backSize;
+    bool m_backCurrent = false;
+
+    Options m_options;
+    TerminalLayout m_layout;
+    std::unique_ptr<ScreenBuffer> m_screen;
+    std::unique_ptr<Vt100Parser> m_parser;
+    PtySession m_pty;
+    std::string m_replies;
+    std::size_t m_bytesReceived = 0;
+    bool m_outputArrived = false;
+    bool m_ended = false;
+    int m_exitCode = -1;
+    int m_windowRows = 24;
+    int m_windowColumns = 80;
+    int m_ptyRows = 0;
+    int m_ptyColumns = 0;
+    int m_shownColumnMode = 80;
+    WCHAR m_pendingHigh = 0;
+    WCHAR m_swallowChar = 0;
+    bool m_selecting = false;
+    bool m_dragged = false;
+    CursorPos m_anchor;
+};

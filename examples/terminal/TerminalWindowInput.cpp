@@ -1,0 +1,273 @@
+// The terminal window's input: keys to the program, mouse selection, the
+// clipboard and the shortcut menu.
+#include "KeyBytes.h"
+#include "ScreenOutput.h"
+#include "TerminalWindow.h"
+
+#include <platform/CodePage.h>
+
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+bool KeyHeld(int vk) {
+    return GetKeyState(vk) < 0;
+}
+
+// Clipboard text as a program reads typed text: line breaks become the CR
+// that the Enter key sends.
+std::string TypedFromClipboard(const std::u16string& text) {
+    std::u16string typed;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n')
+            continue;
+        typed += text[i] == u'\n' ? u'\r' : text[i];
+    }
+    return platform::ToUtf8(typed);
+}
+
+} // namespace
+
+LRESULT TerminalWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    const int x = static_cast<short>(LOWORD(lParam));
+    const int y = static_cast<short>(HIWORD(lParam));
+    switch (message) {
+    case WM_KEYDOWN:
+        if (OnKeyDown(static_cast<UINT>(wParam)))
+            return 0;
+        break;
+    case WM_CHAR:
+        OnChar(static_cast<WCHAR>(wParam));
+        return 0;
+    case WM_LBUTTONDOWN:
+        OnLeftDown(x, y);
+        return 0;
+    case WM_MOUSEMOVE:
+        OnMouseMove(x, y);
+        return 0;
+    case WM_LBUTTONUP:
+        OnLeftUp();
+        return 0;
+    case WM_MBUTTONUP:
+        Paste();
+        return 0;
+    case WM_CONTEXTMENU:
+        OnContextMenu(x, y);
+        return 0;
+    case WM_COMMAND:
+        if (HIWORD(wParam) == 0 && OnCommand(LOWORD(wParam)))
+            return 0;
+        break;
+    default:
+        break;
+    }
+    return CWnd::WindowProc(message, wParam, lParam);
+}
+
+// --- Keys ---
+
+bool TerminalWindow::OnKeyDown(UINT vk) {
+    const bool control = KeyHeld(VK_CONTROL);
+    const bool shift = KeyHeld(VK_SHIFT);
+    std::string bytes;
+    bool handled = true;
+    // Ctrl+Shift+C and V also type their control character: it is not sent.
+    if (control && shift && vk == 'C') {
+        Copy();
+        m_swallowChar = 0x03;
+    } else if (control && shift && vk == 'V') {
+        Paste();
+        m_swallowChar = 0x16;
+    } else if (control && vk == VK_SPACE)
+        bytes.assign(1, '\0');
+    else if (!(bytes = key_bytes::ForKey(vk, m_screen->GetCursorKeyMode())).empty())
+        ;
+    else
+        handled = false;
+    if (!handled)
+        return false;
+    Send(bytes);
+    return true;
+}
+
+void TerminalWindow::OnChar(WCHAR ch) {
+    const WCHAR swallow = m_swallowChar;
+    m_swallowChar = 0;
+    if (ch == swallow)
+        return;
+    Send(key_bytes::ForChar(ch, &m_pendingHigh));
+}
+
+// --- Selection ---
+
+void TerminalWindow::DrawingSelection(const std::function<void()>& change) {
+    if (m_backCurrent)
+        m_screen->SetDC(&m_backDC);
+    change();
+    m_screen->SetDC(nullptr);
+    if (m_hWnd)
+        Invalidate(FALSE);
+}
+
+void TerminalWindow::OnLeftDown(int x, int y) {
+    SetFocus();
+    ::SetCapture(m_hWnd);
+    m_selecting = true;
+    m_dragged = false;
+    m_anchor = CellAt(x, y);
+    DrawingSelection([&] { m_screen->Unselect(); });
+}
+
+void TerminalWindow::OnMouseMove(int x, int y) {
+    if (!m_selecting)
+        return;
+    const CursorPos at = CellAt(x, y);
+    if (!m_dragged && at == m_anchor)
+        return;
+    m_dragged = true;
+    DrawingSelection([&] { m_screen->Select(m_anchor, at); });
+}
+
+void TerminalWindow::OnLeftUp() {
+    if (!m_selecting)
+        return;
+    m_selecting = false;
+    ReleaseCapture();
+}
+
+// --- Clipboard ---
+
+bool TerminalWindow::Copy() {
+    if (!m_screen->ActiveSelection())
+        return false;
+    const CString text = m_screen->SelectedText();
+    const std::u16string wide(text.Str());
+    const SIZE_T size = (wide.size() + 1) * sizeof(char16_t);
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, size);
+    if (!block)
+        return false;
+    std::memcpy(GlobalLock(block), wide.c_str(), size);
+    GlobalUnlock(block);
+    if (!OpenClipboard()) {
+        GlobalFree(block);
+        return false;
+    }
+    EmptyClipboard();
+    const bool ok = SetClipboardData(CF_UNICODETEXT, block) != nullptr;
+    if (!ok)
+        GlobalFree(block);
+    CloseClipboard();
+    return ok;
+}
+
+bool TerminalWindow::Paste() {
+    if (!OpenClipboard())
+        return false;
+    std::u16string text;
+    if (HANDLE block = GetClipboardData(CF_UNICODETEXT)) {
+        if (const auto* data = static_cast<const char16_t*>(GlobalLock(block))) {
+            const std::size_t units = GlobalSize(block) / sizeof(char16_t);
+            text.assign(data, std::char_traits<char16_t>::length(data) < units
+                                  ? std::char_traits<char16_t>::length(data)
+                                  : units);
+        }
+        GlobalUnlock(block);
+    }
+    CloseClipboard();
+    if (text.empty())
+        return false;
+    Send(TypedFromClipboard(text));
+    return true;
+}
+
+// --- Shortcut menu and its commands ---
+
+void TerminalWindow::OnContextMenu(int x, int y) {
+    if (x == -1 && y == -1) { // from the keyboard: at the window's top-left corner
+        POINT corner{0, 0};
+        ClientToScreen(&corner);
+        x = corner.x;
+        y = corner.y;
+    }
+    CMenu menu;
+    menu.CreatePopupMenu();
+    menu.AppendMenu(MF_STRING | (m_screen->ActiveSelection() ? 0 : MF_GRAYED), kCopy,
+                    u"&Copy\tCtrl+Shift+C");
+    menu.AppendMenu(MF_STRING | (IsClipboardFormatAvailable(CF_UNICODETEXT) ? 0 : MF_GRAYED),
+                    kPaste, u"&Paste\tCtrl+Shift+V");
+    menu.AppendMenu(MF_SEPARATOR);
+    menu.AppendMenu(MF_STRING, kPrint, u"P&rint screen to PDF");
+    menu.AppendMenu(MF_SEPARATOR);
+    const bool wide = m_screen->NumColumns() == 132;
+    menu.AppendMenu(MF_STRING | (wide ? 0 : MF_CHECKED), kColumns80, u"&80 columns");
+    menu.AppendMenu(MF_STRING | (wide ? MF_CHECKED : 0), kColumns132, u"&132 columns");
+    // The font choices sit in the menu itself: shortcut menus here open no
+    // pop-ups of their own.
+    menu.AppendMenu(MF_SEPARATOR);
+    for (std::size_t i = 0; i < Fonts().size(); ++i) {
+        const Font& font = Fonts()[i];
+        CString label =
+            u"Font: " + CString(font.face) + u" " + platform::FromUtf8(std::to_string(font.size));
+        const bool current = m_options.face == font.face && m_options.size == font.size;
+        menu.AppendMenu(MF_STRING | (current ? MF_CHECKED : 0), kFontFirst + i, label);
+    }
+    menu.TrackPopupMenu(TPM_LEFTALIGN | TPM_RIGHTBUTTON, x, y, this);
+    menu.DestroyMenu();
+}
+
+bool TerminalWindow::OnCommand(UINT command) {
+    switch (command) {
+    case kCopy:
+        Copy();
+        return true;
+    case kPaste:
+        Paste();
+        return true;
+    case kPrint:
+        PrintScreen();
+        return true;
+    case kColumns80:
+        SetColumns(80);
+        return true;
+    case kColumns132:
+        SetColumns(132);
+        return true;
+    default:
+        break;
+    }
+    if (command >= kFontFirst && command < kFontFirst + Fonts().size()) {
+        const Font& font = Fonts()[command - kFontFirst];
+        SetFont(font.face, font.size);
+        return true;
+    }
+    return false;
+}
+
+bool TerminalWindow::PrintScreen() {
+    const bool ok = screen_output::PrintPdf(*m_screen, m_layout, m_options.face, m_options.pdfPath);
+    std::fprintf(stderr, ok ? "terminal_host: printed %s\n" : "terminal_host: cannot print %s\n",
+                 m_options.pdfPath.c_str());
+    return ok;
+}
+
+void TerminalWindow::SetColumns(int columns) {
+    const bool wide = columns > 80;
+    if (wide != (m_screen->NumColumns() == 132)) {
+        m_screen->SetColumnMode(wide);
+        m_backCurrent = false;
+        m_shownColumnMode = m_screen->NumColumns();
+    }
+    FitWindow(m_windowRows, m_screen->NumColumns());
+}
+
+void TerminalWindow::SetFont(const CString& face, int size) {
+    m_options.face = face;
+    m_options.size = size;
+    const int rows = m_windowRows;
+    const int columns = m_windowColumns;
+    m_layout.Apply(face, size);
+    m_backCurrent = false;
+    FitWindow(rows, columns);
+    Invalidate(FALSE);
+}
