@@ -15,6 +15,6 @@ if command -v pdfinfo >/dev/null && command -v pdftotext >/dev/null; then
     echo "list-print.pdf: $pages pages"
     for page in 1 "$pages"; do
         echo "-- page $page begins:"
-        pdftotext -layout -f "$page" -l "$page" "$out/list-print.pdf" - | grep -v '^\s*$' | head -3
+        pdftotext -layout -f "$page" -l "$page" "$out/list-print.pdf" - | awk 'NF && shown++ < 3'
     done
 fi
