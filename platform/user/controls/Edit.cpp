@@ -4,6 +4,7 @@
 #include "ControlPaint.h"
 #include "ControlState.h"
 #include "Controls.h"
+#include "EditClipboard.h"
 #include "EditText.h"
 
 #include <algorithm>
@@ -237,9 +238,36 @@ void UserReplace(HWND hwnd, EditState& state, std::u16string insert) {
         NotifyChange(hwnd);
 }
 
+// WM_COPY, WM_CUT, WM_PASTE and WM_CLEAR. A password field gives nothing
+// away; a read-only one lets its text be copied but not changed.
+void OnClipboardMessage(HWND hwnd, EditState& state, UINT message) {
+    const int from = std::min(state.anchor, state.caret);
+    const int to = std::max(state.anchor, state.caret);
+    const bool readOnly = ReadOnly(hwnd);
+    if ((message == WM_COPY || message == WM_CUT) && from < to && !(Style(hwnd) & ES_PASSWORD) &&
+        !(message == WM_CUT && readOnly)) {
+        if (!PutTextOnClipboard(hwnd, std::u16string_view(state.text.Text())
+                                          .substr(static_cast<std::size_t>(from),
+                                                  static_cast<std::size_t>(to - from))))
+            return;
+    }
+    if (readOnly || message == WM_COPY)
+        return;
+    if (message == WM_PASTE)
+        UserReplace(hwnd, state, TextFromClipboard(hwnd));
+    else if (from < to)
+        UserReplace(hwnd, state, u"");
+}
+
 void OnChar(HWND hwnd, EditState& state, WCHAR ch) {
     if (ch == 0x01) { // Ctrl+A
         Select(hwnd, state, 0, state.text.Length());
+        return;
+    }
+    // Ctrl+C, Ctrl+V and Ctrl+X.
+    const UINT clipboard = ch == 0x03 ? WM_COPY : ch == 0x16 ? WM_PASTE : ch == 0x18 ? WM_CUT : 0;
+    if (clipboard) {
+        SendMessage(hwnd, clipboard, 0, 0);
         return;
     }
     if (ReadOnly(hwnd))
@@ -337,7 +365,18 @@ void OnKeyDown(HWND hwnd, EditState& state, UINT vk) {
                   control ? state.text.Length()
                           : state.text.LineStart(line) + state.text.LineLength(line));
         break;
+    case VK_INSERT:
+        // Shift+Insert pastes, Ctrl+Insert copies.
+        if (GetKeyState(VK_SHIFT) < 0)
+            SendMessage(hwnd, WM_PASTE, 0, 0);
+        else if (control)
+            SendMessage(hwnd, WM_COPY, 0, 0);
+        break;
     case VK_DELETE:
+        if (GetKeyState(VK_SHIFT) < 0 && !control) { // Shift+Delete cuts
+            SendMessage(hwnd, WM_CUT, 0, 0);
+            break;
+        }
         if (ReadOnly(hwnd))
             break;
         if (state.anchor == state.caret) {
@@ -577,6 +616,12 @@ LRESULT EditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
         OnKeyDown(hwnd, *state, static_cast<UINT>(wParam));
+        return 0;
+    case WM_CUT:
+    case WM_COPY:
+    case WM_PASTE:
+    case WM_CLEAR:
+        OnClipboardMessage(hwnd, *state, message);
         return 0;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK: {

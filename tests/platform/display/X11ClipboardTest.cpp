@@ -190,6 +190,24 @@ TEST_F(X11ClipboardTest, TheLibrarysCopyAndPasteGoThroughTheDisplay) {
     EXPECT_EQ(WinUtils::PasteFromClipboard(), CString(u"pasted \u00e0 la carte"));
 }
 
+TEST_F(X11ClipboardTest, AnEditControlPastesAnotherProgramsTextAndCopiesItsOwn) {
+    CWnd parent;
+    ASSERT_TRUE(parent.CreateEx(0, nullptr, u"edit", WS_OVERLAPPED | WS_VISIBLE,
+                                CRect(0, 0, 320, 80), nullptr, 0));
+    HWND edit = CreateWindowEx(0, u"EDIT", u"", WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL,
+                               10, 10, 300, 23, parent.m_hWnd, nullptr, nullptr, nullptr);
+    ASSERT_TRUE(edit);
+    SetTextElsewhere("from xclip \xc3\xa9");
+    SendMessage(edit, WM_PASTE, 0, 0);
+    WCHAR text[64] = {};
+    GetWindowText(edit, text, 64);
+    EXPECT_EQ(std::u16string(text), u"from xclip \u00e9");
+    SendMessage(edit, EM_SETSEL, 5, 10);
+    SendMessage(edit, WM_COPY, 0, 0);
+    EXPECT_EQ(Read("xclip -o -selection clipboard").text, "xclip");
+    parent.DestroyWindow();
+}
+
 TEST_F(X11ClipboardTest, TextSetAgainAfterAnotherProgramTookTheSelectionIsOursAgain) {
     SetTextElsewhere("theirs");
     SetText(u"mine again");
