@@ -212,6 +212,14 @@ int CDC::GetClipBox(LPRECT rect) const {
     return ::GetClipBox(m_hDC, rect);
 }
 
+UINT CDC::SetBoundsRect(LPCRECT rect, UINT flags) {
+    return ::SetBoundsRect(m_hDC, rect, flags);
+}
+
+UINT CDC::GetBoundsRect(LPRECT rect, UINT flags) {
+    return ::GetBoundsRect(m_hDC, rect, flags);
+}
+
 int CDC::StartDoc(LPDOCINFO info) {
     return ::StartDoc(m_hDC, info);
 }

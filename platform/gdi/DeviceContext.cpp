@@ -19,6 +19,8 @@ DeviceContext* LookupDC(HDC hdc) {
 }
 
 DeviceContext::~DeviceContext() {
+    if (kind == DcKind::Screen)
+        ClosedOnDesktop(*this);
     if (cr)
         cairo_destroy(cr);
     if (kind == DcKind::Printer && surface)
@@ -118,7 +120,10 @@ void ReleaseSelections(DeviceContext& dc) {
 } // namespace
 
 HDC CreateDesktopDC(POINT origin, RECT clip, HWND window) {
-    return CreateSurfaceDC(DesktopSurface(), origin, clip, window);
+    HDC hdc = CreateSurfaceDC(DesktopSurface(), origin, clip, window);
+    if (DeviceContext* dc = LookupDC(hdc))
+        OpenedOnDesktop(*dc);
+    return hdc;
 }
 
 HDC CreateSurfaceDC(cairo_surface_t* surface, POINT origin, RECT clip, HWND window) {

@@ -79,6 +79,9 @@ struct DeviceContext : GdiObject {
     std::shared_ptr<FontInstance> mappedFont;
     LOGFONTW mappedFor{};
     GdiJournal* journal = nullptr;
+    // Bounds accumulation (SetBoundsRect): device pixels relative to origin.
+    bool boundsEnabled = false;
+    RECT bounds{0, 0, 0, 0};
     COLORREF cairoSource = CLR_INVALID; // the colour last given to Cairo
     // The font face and size last given to Cairo: text in one font sets them once.
     cairo_font_face_t* cairoFace = nullptr;
@@ -137,6 +140,21 @@ void ExcludeFromClip(HDC hdc, const std::vector<RECT>& rects);
 cairo_surface_t* DesktopSurface();
 constexpr int kDesktopWidth = 1280;
 constexpr int kDesktopHeight = 1024;
+
+// Adds a rectangle (device pixels relative to the DC's origin) to the DC's
+// bounds while it accumulates them. Every drawing call reports what it drew.
+void AddBounds(DeviceContext& dc, const RECT& device);
+// The same for the bounding box of points, widened by margin on each side.
+void AddPointBounds(DeviceContext& dc, const POINT* points, int count, int margin);
+
+// The part of the desktop surface that DCs could have drawn on since the
+// last call (the union of the clips of the desktop DCs created since then
+// and of those still open), in desktop pixels; empty when nothing could
+// have changed. The display sends on only what lies inside it.
+RECT TakeDesktopChanges();
+// Kept by the DCs themselves: a desktop DC opening and closing.
+void OpenedOnDesktop(const DeviceContext& dc);
+void ClosedOnDesktop(const DeviceContext& dc);
 
 // Appends a journal entry carrying the DC's current state; returns it so the
 // caller can add arguments. Only call when dc.journal is set.

@@ -16,6 +16,7 @@ namespace platform::gdi {
 void PaintRect(DeviceContext& dc, int x, int y, int width, int height, COLORREF color) {
     if (width <= 0 || height <= 0)
         return;
+    AddBounds(dc, RECT{x, y, x + width, y + height});
     if (dc.Direct() && FastPathsEnabled()) {
         PixelAccess(dc).Fill(x + dc.origin.x, y + dc.origin.y, width, height, color);
         return;
@@ -65,6 +66,7 @@ void RecordRect(DeviceContext& dc, const char* op, const RECT& rect) {
 // snapshot so overlapping areas move correctly.
 void CopyBlock(DeviceContext& dst, int x, int y, int width, int height, DeviceContext& src,
                int xSrc, int ySrc) {
+    AddBounds(dst, RECT{x, y, x + width, y + height});
     cairo_surface_t* source = src.surface;
     double offsetX = x - xSrc - src.origin.x;
     double offsetY = y - ySrc - src.origin.y;
@@ -118,6 +120,8 @@ BOOL Rectangle(HDC hdc, int left, int top, int right, int bottom) {
     if (Paints(dc->brush))
         PaintRect(*dc, rect.left + 1, rect.top + 1, width - 2, height - 2, dc->brush->color);
     if (pen.Geometric() && pen.width > 1) {
+        AddBounds(*dc, RECT{rect.left - pen.width, rect.top - pen.width, rect.right + pen.width,
+                            rect.bottom + pen.width});
         cairo_t* cr = dc->cr;
         cairo_new_path(cr);
         cairo_rectangle(cr, rect.left + 0.5, rect.top + 0.5, width - 1, height - 1);

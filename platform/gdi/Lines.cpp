@@ -191,6 +191,7 @@ BOOL LineTo(HDC hdc, int x, int y) {
     if (dc->journal)
         RecordPoints(*dc, "LineTo", line, 2);
     DevicePath path(*dc, line, 2);
+    AddPointBounds(*dc, path.points, 2, path.pen.width + 1);
     Stroke(*dc, path.pen, path.points, 2, false);
     dc->position = line[1];
     return TRUE;
@@ -203,6 +204,7 @@ BOOL Polyline(HDC hdc, const POINT* points, int count) {
     if (dc->journal)
         RecordPoints(*dc, "Polyline", points, count);
     DevicePath path(*dc, points, count);
+    AddPointBounds(*dc, path.points, count, path.pen.width + 1);
     Stroke(*dc, path.pen, path.points, count, false);
     return TRUE;
 }
@@ -214,6 +216,7 @@ BOOL Polygon(HDC hdc, const POINT* points, int count) {
     if (dc->journal)
         RecordPoints(*dc, "Polygon", points, count);
     DevicePath path(*dc, points, count);
+    AddPointBounds(*dc, path.points, count, path.pen.width + 1);
     points = path.points;
     if (dc->mapping.Unscaled() && PolygonFromMasks(*dc, points, count))
         return TRUE;

@@ -138,6 +138,16 @@ void Output(DeviceContext& dc, int x, int y, const char16_t* text, int count, co
     int width = 0;
     for (int i = 0; i < count; ++i)
         width += font.Advance(text[i]);
+    if (dc.boundsEnabled) {
+        // Glyphs may reach past their advances and the line's height.
+        const int height = font.Metrics().tmHeight;
+        const int reach = height / 2 + 1;
+        RECT box{x - reach, y - reach, x + width + reach, y + height + reach};
+        if (clip)
+            box = RECT{std::max(box.left, clip->left), std::max(box.top, clip->top),
+                       std::min(box.right, clip->right), std::min(box.bottom, clip->bottom)};
+        AddBounds(dc, box);
+    }
     const bool blit = dc.Direct() && FastPathsEnabled() && !font.Synthesised();
     const bool clipped = clip && (x < clip->left || y < clip->top || x + width > clip->right ||
                                   y + font.Metrics().tmHeight > clip->bottom);

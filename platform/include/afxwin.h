@@ -123,6 +123,8 @@ public:
     COLORREF GetPixel(int x, int y) const;
     COLORREF SetPixel(int x, int y, COLORREF color);
     int GetClipBox(LPRECT rect) const;
+    UINT SetBoundsRect(LPCRECT rect, UINT flags);
+    UINT GetBoundsRect(LPRECT rect, UINT flags);
 
     // Formatted text in a rectangle (DrawText); the height of the text drawn.
     int DrawText(LPCTSTR text, int count, LPRECT rect, UINT format);

@@ -225,6 +225,18 @@ COLORREF GetPixel(HDC hdc, int x, int y);
 COLORREF SetPixel(HDC hdc, int x, int y, COLORREF color);
 int GetClipBox(HDC hdc, LPRECT rect);
 
+// Bounds accumulation: while enabled, a DC gathers the smallest rectangle
+// holding everything drawn on it (a little more for text, whose glyphs may
+// reach past their cells), in logical coordinates when read.
+#define DCB_RESET 0x0001
+#define DCB_ACCUMULATE 0x0002
+#define DCB_DIRTY DCB_ACCUMULATE
+#define DCB_SET (DCB_RESET | DCB_ACCUMULATE)
+#define DCB_ENABLE 0x0004
+#define DCB_DISABLE 0x0008
+UINT SetBoundsRect(HDC hdc, const RECT* rect, UINT flags);
+UINT GetBoundsRect(HDC hdc, LPRECT rect, UINT flags);
+
 // Mapping modes. A device point is (logical - window origin) * viewport
 // extent / window extent + viewport origin, rounded; MM_TEXT ignores the
 // extents, MM_ISOTROPIC keeps one scale for both axes. Fonts are realised at

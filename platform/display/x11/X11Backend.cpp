@@ -4,6 +4,7 @@
 // sent, the traffic stays small without shared memory.
 #include "display/x11/X11Backend.h"
 
+#include "gdi/DeviceContext.h"
 #include "user/ForeignWindows.h"
 #include "user/WindowManager.h"
 
@@ -281,6 +282,7 @@ void X11Backend::Update() {
         else if (!manager.IsShown(window) && it->second.mapped) {
             xcb_unmap_window(m_connection, it->second.id);
             it->second.mapped = false;
+            it->second.sent.clear();
         }
         it = next;
     }
@@ -289,12 +291,13 @@ void X11Backend::Update() {
     for (user::Window* window : manager.TopLevel())
         if (manager.IsShown(window) && !window->destroying && !m_shown.count(window->handle))
             Create(window->handle);
+    const RECT changed = gdi::TakeDesktopChanges();
     for (user::Window* window : manager.TopLevel()) {
         if (!manager.IsShown(window) || window->destroying)
             continue;
         Shown& shown = m_shown[window->handle];
         SyncWindow(window->handle, shown);
-        SendPixels(window, shown);
+        SendPixels(window, shown, changed);
     }
     Restack();
     xcb_flush(m_connection);

@@ -10,6 +10,7 @@
 
 #include <xcb/xcb.h>
 
+#include <climits>
 #include <deque>
 #include <map>
 #include <memory>
@@ -59,14 +60,17 @@ private:
 
     Shown& Create(HWND hwnd);
     void SyncWindow(HWND hwnd, Shown& shown);
-    void SendPixels(user::Window* window, Shown& shown);
+    // changed: the part of the desktop drawn on since the last update.
+    void SendPixels(user::Window* window, Shown& shown, const RECT& changed);
     // The desktop rectangles of the shown windows above window that lie over
     // it, in its own coordinates; its owned popups that lie inside it are
     // part of its picture and cover nothing.
     std::vector<RECT> Covering(user::Window* window) const;
     // Sends the rows of pixels (width by the window's height, stride in
-    // pixels) that differ from what the X window holds.
-    void SendRows(Shown& shown, const uint32_t* pixels, int stride);
+    // pixels) that differ from what the X window holds, looking only at rows
+    // first to end - 1 when the X window holds the others already.
+    void SendRows(Shown& shown, const uint32_t* pixels, int stride, int first = 0,
+                  int end = INT_MAX);
     void Forget(std::map<HWND, Shown>::iterator it);
     void Restack();
 

@@ -68,7 +68,7 @@ std::vector<RECT> X11Backend::Covering(user::Window* window) const {
     return covered;
 }
 
-void X11Backend::SendPixels(user::Window* window, Shown& shown) {
+void X11Backend::SendPixels(user::Window* window, Shown& shown, const RECT& changed) {
     cairo_surface_t* desktop = gdi::DesktopSurface();
     cairo_surface_flush(desktop);
     const unsigned char* data = cairo_image_surface_get_data(desktop);
@@ -77,6 +77,30 @@ void X11Backend::SendPixels(user::Window* window, Shown& shown) {
     const int surfaceHeight = cairo_image_surface_get_height(desktop);
     const int width = Width(shown.rect);
     const int height = Height(shown.rect);
+    const std::vector<RECT> covered = Covering(window);
+    const bool onDesktop = shown.rect.left >= 0 && shown.rect.top >= 0 &&
+                           shown.rect.left + width <= surfaceWidth &&
+                           shown.rect.top + height <= surfaceHeight;
+    if (covered.empty() && onDesktop) {
+        // Compared and sent straight from the desktop, and when the X window
+        // holds the desktop's pixels already, only the rows that DCs could
+        // have drawn on: a key's echo costs a few rows.
+        const bool holdsDesktop = !shown.sent.empty() && shown.covered.empty();
+        int first = 0, end = height;
+        if (holdsDesktop) {
+            const bool across = changed.left < shown.rect.right && changed.right > shown.rect.left;
+            first = std::max(0, static_cast<int>(changed.top - shown.rect.top));
+            end = across ? std::min(height, static_cast<int>(changed.bottom - shown.rect.top)) : 0;
+        }
+        shown.seen.clear();
+        shown.covered.clear();
+        SendRows(shown,
+                 reinterpret_cast<const uint32_t*>(
+                     data + static_cast<std::ptrdiff_t>(shown.rect.top) * desktopStride +
+                     static_cast<std::ptrdiff_t>(shown.rect.left) * 4),
+                 desktopStride / 4, first, end);
+        return;
+    }
     // The window's part of the desktop (outside the desktop stays black).
     std::vector<uint32_t> showing(static_cast<std::size_t>(width) * height, 0u);
     const int from = std::max(0, static_cast<int>(-shown.rect.left));
@@ -89,7 +113,6 @@ void X11Backend::SendPixels(user::Window* window, Shown& shown) {
                             (static_cast<std::ptrdiff_t>(shown.rect.left) + from) * 4,
                         static_cast<std::size_t>(to - from) * 4);
     }
-    const std::vector<RECT> covered = Covering(window);
     if (covered.empty()) {
         shown.seen.clear();
         shown.covered.clear();
@@ -133,7 +156,7 @@ void X11Backend::SendPixels(user::Window* window, Shown& shown) {
     cairo_surface_destroy(picture);
 }
 
-void X11Backend::SendRows(Shown& shown, const uint32_t* pixels, int stride) {
+void X11Backend::SendRows(Shown& shown, const uint32_t* pixels, int stride, int first, int end) {
     const int width = Width(shown.rect);
     const int height = Height(shown.rect);
     const std::size_t size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
@@ -152,21 +175,22 @@ void X11Backend::SendRows(Shown& shown, const uint32_t* pixels, int stride) {
         std::memcpy(kept, row, rowBytes);
         return true;
     };
-    int y = 0;
-    while (y < height) {
+    const int last = fresh ? height : std::min(height, end);
+    int y = fresh ? 0 : std::max(0, first);
+    while (y < last) {
         if (!refresh(y)) {
             ++y;
             continue;
         }
-        int end = y + 1;
-        while (end < height && end - y < rowsPerRequest && refresh(end))
-            ++end;
+        int next = y + 1;
+        while (next < last && next - y < rowsPerRequest && refresh(next))
+            ++next;
         xcb_put_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, shown.id, m_gc,
-                      static_cast<uint16_t>(width), static_cast<uint16_t>(end - y), 0,
-                      static_cast<int16_t>(y), 0, 24, static_cast<uint32_t>(rowBytes * (end - y)),
+                      static_cast<uint16_t>(width), static_cast<uint16_t>(next - y), 0,
+                      static_cast<int16_t>(y), 0, 24, static_cast<uint32_t>(rowBytes * (next - y)),
                       reinterpret_cast<const uint8_t*>(shown.sent.data() +
                                                        static_cast<std::size_t>(y) * width));
-        y = end;
+        y = next;
     }
 }
 

@@ -345,6 +345,7 @@ bool DrawPicture(HDC hdc, int x, int y, const IconPicture& picture, IconDraw how
         }
     }
     cairo_surface_mark_dirty(surface);
+    gdi::AddBounds(*dc, RECT{x, y, x + picture.width, y + picture.height});
     cairo_t* cr = dc->cr;
     cairo_save(cr);
     cairo_set_source_surface(cr, surface, x, y);
