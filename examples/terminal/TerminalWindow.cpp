@@ -18,8 +18,11 @@ constexpr auto kReadBudget = std::chrono::milliseconds(100);
 // cell into the picture as the screen changes; a larger one is cheaper to
 // draw once, whole, when the window paints.
 constexpr std::size_t kDrawAsItComes = 1024;
-// How long a burst may pause before what has come is painted.
+// How long a burst may pause before what has come is painted, and how often
+// at most a burst is painted: a program slowed by a busy machine pauses often,
+// and a picture each time would slow the reading further.
 constexpr int kBurstPauseMs = 2;
+constexpr auto kBurstFrame = std::chrono::milliseconds(20);
 // How long a key waits for its echo before the loop goes on.
 constexpr int kEchoWaitMs = 1;
 
@@ -98,7 +101,7 @@ void TerminalWindow::OnProgramReady() {
         if (result == PtySession::ReadResult::Nothing) {
             // A program in the middle of a burst is only briefly behind the
             // reader: wait for it a moment rather than paint every time.
-            if (total > kDrawAsItComes && inTime && m_pty.WaitReadable(kBurstPauseMs))
+            if (total > kDrawAsItComes && inTime && m_pty.WaitReadable(BurstPauseMs()))
                 continue;
             break;
         }
@@ -113,15 +116,16 @@ void TerminalWindow::OnProgramReady() {
         EndSession(m_pty.Finish());
 }
 
+int TerminalWindow::BurstPauseMs() const {
+    const auto untilFrame = std::chrono::duration_cast<std::chrono::milliseconds>(
+        m_lastPicture + kBurstFrame - std::chrono::steady_clock::now());
+    return std::max(kBurstPauseMs, static_cast<int>(untilFrame.count()));
+}
+
 void TerminalWindow::Feed(const char* data, std::size_t size) {
-    if (size > kDrawAsItComes || !m_backCurrent) {
+    if (size > kDrawAsItComes)
         m_backCurrent = false;
-        m_parser->Feed(data, size);
-    } else {
-        m_screen->SetDC(&m_backDC);
-        m_parser->Feed(data, size);
-        m_screen->SetDC(nullptr);
-    }
+    DrawingIntoPicture([&] { m_parser->Feed(data, size); });
     m_bytesReceived += size;
     m_outputArrived = true;
 }
@@ -146,9 +150,40 @@ void TerminalWindow::AfterOutput() {
         m_shownColumnMode = columnMode;
         FitWindow(m_windowRows, columnMode);
     }
-    // The screen model names no changed cells: the view is copied whole from
-    // the picture, and the display sends on only the rows that differ.
-    Invalidate(FALSE);
+    ShowChanges();
+}
+
+void TerminalWindow::DrawingIntoPicture(const std::function<void()>& change) {
+    if (!m_backCurrent) {
+        change();
+        return;
+    }
+    m_backDC.SetBoundsRect(nullptr, DCB_RESET | DCB_ENABLE);
+    m_screen->SetDC(&m_backDC);
+    change();
+    m_screen->SetDC(nullptr);
+    CRect drawn;
+    if (m_backDC.GetBoundsRect(&drawn, DCB_RESET) == DCB_SET)
+        m_backChanged.UnionRect(m_backChanged, drawn);
+    m_backDC.SetBoundsRect(nullptr, DCB_DISABLE);
+}
+
+void TerminalWindow::ShowChanges() {
+    if (!m_hWnd)
+        return;
+    if (!m_backCurrent) {
+        m_backChanged.SetRectEmpty();
+        Invalidate(FALSE);
+        return;
+    }
+    CRect area = m_backChanged;
+    area.UnionRect(area, m_cursorShown);
+    const int row = m_screen->GetRow() - 1;
+    const int col = std::min(m_screen->GetCol(), m_screen->VisColumns()) - 1;
+    area.UnionRect(area, CRect(CellRect(row, col)));
+    m_backChanged.SetRectEmpty();
+    if (!area.IsRectEmpty())
+        InvalidateRect(&area, FALSE);
 }
 
 void TerminalWindow::EndSession(int exitCode) {
@@ -227,16 +262,22 @@ void TerminalWindow::OnPaint() {
                                background);
         m_screen->Refresh(&m_backDC);
         m_backCurrent = true;
+        m_lastPicture = std::chrono::steady_clock::now();
     }
-    dc.BitBlt(0, 0, m_backSize.cx, m_backSize.cy, &m_backDC, 0, 0, SRCCOPY);
+    // Only what was asked for is copied: an echo costs a cell or two.
+    const CRect area = dc.m_ps.rcPaint;
+    dc.BitBlt(area.left, area.top, area.Width(), area.Height(), &m_backDC, area.left, area.top,
+              SRCCOPY);
     // The screen draws no cursor: a bar under the cursor's cell.
     const int row = m_screen->GetRow() - 1;
     const int col = std::min(m_screen->GetCol(), m_screen->VisColumns()) - 1;
+    m_cursorShown.SetRectEmpty();
     if (!m_ended && m_parser->CursorVisible() && row < m_screen->VisRows()) {
         RECT cell = CellRect(row, col);
         const int bar = std::max(2, static_cast<int>((cell.bottom - cell.top) / 8));
         dc.FillSolidRect(cell.left, cell.bottom - bar, cell.right - cell.left, bar,
                          TerminalLayout::kColours[0]);
+        m_cursorShown = cell;
     }
 }
 

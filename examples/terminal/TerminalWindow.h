@@ -10,6 +10,7 @@
 
 #include <afxwin.h>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -116,6 +117,13 @@ private:
     // Runs a selection change with the picture attached, so the screen
     // draws exactly the cells whose selection state changes.
     void DrawingSelection(const std::function<void()>& change);
+    // Runs a change of the screen with the picture attached when it is
+    // current, keeping where the screen drew on it.
+    void DrawingIntoPicture(const std::function<void()>& change);
+    // Asks for a paint of what changed: the parts of the picture the screen
+    // drew on and the cursor's old and new cells, or everything once the
+    // picture must be drawn afresh.
+    void ShowChanges();
 
     CDC m_backDC;
     CBitmap m_backBitmap;
@@ -123,6 +131,14 @@ private:
     CFont* m_backOldFont = nullptr;
     CSize m_backSize;
     bool m_backCurrent = false;
+    // Where the screen drew on the picture since the last paint was asked for.
+    CRect m_backChanged;
+    // Where the cursor was last painted (client coordinates).
+    CRect m_cursorShown;
+    // When the picture was last drawn whole, and how long a burst waits for
+    // more output before it is painted again.
+    std::chrono::steady_clock::time_point m_lastPicture;
+    int BurstPauseMs() const;
 
     Options m_options;
     TerminalLayout m_layout;

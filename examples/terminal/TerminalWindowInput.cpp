@@ -102,12 +102,8 @@ void TerminalWindow::OnChar(WCHAR ch) {
 // --- Selection ---
 
 void TerminalWindow::DrawingSelection(const std::function<void()>& change) {
-    if (m_backCurrent)
-        m_screen->SetDC(&m_backDC);
-    change();
-    m_screen->SetDC(nullptr);
-    if (m_hWnd)
-        Invalidate(FALSE);
+    DrawingIntoPicture(change);
+    ShowChanges();
 }
 
 void TerminalWindow::OnLeftDown(int x, int y) {
