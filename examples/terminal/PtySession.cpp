@@ -39,7 +39,7 @@ void PtySession::HangUp() {
 }
 
 bool PtySession::Start(const std::vector<std::string>& argv, int rows, int columns,
-                       std::string* error) {
+                       std::string* error, SizeVariables sizeVariables) {
     if (argv.empty() || m_pid > 0) {
         *error = argv.empty() ? "no program given" : "a program is already running";
         return false;
@@ -60,8 +60,13 @@ bool PtySession::Start(const std::vector<std::string>& argv, int rows, int colum
     }
     if (pid == 0) {
         ::setenv("TERM", "vt100", 1);
-        ::unsetenv("LINES");
-        ::unsetenv("COLUMNS");
+        if (sizeVariables == SizeVariables::Set) {
+            ::setenv("LINES", std::to_string(rows).c_str(), 1);
+            ::setenv("COLUMNS", std::to_string(columns).c_str(), 1);
+        } else {
+            ::unsetenv("LINES");
+            ::unsetenv("COLUMNS");
+        }
         ::signal(SIGPIPE, SIG_DFL);
         ::execvp(args[0], args.data());
         std::fprintf(stderr, "cannot run %s: %s\r\n", args[0], std::strerror(errno));
@@ -159,4 +164,34 @@ int PtySession::Finish() {
     }
     ::kill(pid, SIGKILL);
     return ::waitpid(pid, &status, 0) == pid ? ExitCode(status) : -1;
+}
+
+bool PtySession::Ended(int* status) {
+    *status = -1;
+    if (m_pid <= 0)
+        return true;
+    int waited = 0;
+    pid_t done = ::waitpid(m_pid, &waited, WNOHANG);
+    if (done == 0)
+        return false;
+    if (done == m_pid)
+        *status = waited;
+    m_pid = -1;
+    return true;
+}
+
+int PtySession::Stop() {
+    if (m_pid <= 0)
+        return -1;
+    const pid_t pid = m_pid;
+    m_pid = -1;
+    int status = 0;
+    ::kill(pid, SIGTERM);
+    for (int i = 0; i < 50; ++i) {
+        if (::waitpid(pid, &status, WNOHANG) == pid)
+            return status;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    ::kill(pid, SIGKILL);
+    return ::waitpid(pid, &status, 0) == pid ? status : -1;
 }

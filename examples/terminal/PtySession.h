@@ -21,9 +21,15 @@ public:
     PtySession(const PtySession&) = delete;
     PtySession& operator=(const PtySession&) = delete;
 
+    // Whether the program finds its size in LINES and COLUMNS. A terminal that
+    // keeps one size can set them; one whose size follows a window removes them,
+    // so the program asks the terminal and sees every resize.
+    enum class SizeVariables { Unset, Set };
+
     // Runs argv with TERM=vt100 on a new terminal of rows by columns. False,
     // with the reason in *error, when the terminal or the process cannot be made.
-    bool Start(const std::vector<std::string>& argv, int rows, int columns, std::string* error);
+    bool Start(const std::vector<std::string>& argv, int rows, int columns, std::string* error,
+               SizeVariables sizeVariables);
 
     int Descriptor() const { return m_master; }
     bool Running() const { return m_pid > 0; }
@@ -54,6 +60,15 @@ public:
     // returns its exit code as a shell reports it: the status, or 128 plus the
     // signal that ended it. -1 when there is no program to wait for.
     int Finish();
+
+    // Collects the program's end without waiting: true once it has exited
+    // (*status its wait status) or cannot be waited for (*status -1); it then
+    // no longer runs.
+    bool Ended(int* status);
+
+    // Stops the program now, politely first (SIGTERM), then for good after half
+    // a second. Returns its wait status, or -1 when it could not be collected.
+    int Stop();
 
 private:
     int m_master = -1;

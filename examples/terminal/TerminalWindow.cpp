@@ -71,9 +71,11 @@ bool TerminalWindow::Open(const Options& options, std::string* error) {
         *error = "cannot create the terminal window";
         return false;
     }
-    // OnSize has sized the screen; the program starts on that size.
+    // OnSize has sized the screen; the program starts on that size and follows
+    // the window's later sizes through the terminal.
     m_screen->SetParent(this);
-    if (!m_pty.Start(options.program, m_ptyRows, m_ptyColumns, error)) {
+    if (!m_pty.Start(options.program, m_ptyRows, m_ptyColumns, error,
+                     PtySession::SizeVariables::Unset)) {
         DestroyWindow();
         return false;
     }

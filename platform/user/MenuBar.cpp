@@ -17,15 +17,6 @@ namespace {
 constexpr int kItemPadding = 7;
 constexpr int kChildButtonWidth = 28;
 
-void Stroke(HDC hdc, int x0, int y0, int x1, int y1, COLORREF color) {
-    HPEN pen = CreatePen(PS_SOLID, 1, color);
-    HGDIOBJ old = SelectObject(hdc, pen);
-    MoveToEx(hdc, x0, y0, nullptr);
-    LineTo(hdc, x1, y1);
-    SelectObject(hdc, old);
-    DeleteObject(pen);
-}
-
 // The minimise, restore and close buttons of a maximised document window,
 // drawn as thin glyphs at the right end of the bar.
 void PaintChildButtons(HDC hdc, const RECT& bar) {
@@ -34,31 +25,24 @@ void PaintChildButtons(HDC hdc, const RECT& bar) {
     int right = bar.right;
     // Close: a cross.
     int cx = right - kChildButtonWidth / 2;
-    Stroke(hdc, cx - 4, cy - 4, cx + 5, cy + 5, ink);
-    Stroke(hdc, cx + 4, cy - 4, cx - 5, cy + 5, ink);
+    StrokeLine(hdc, cx - 4, cy - 4, cx + 5, cy + 5, ink);
+    StrokeLine(hdc, cx + 4, cy - 4, cx - 5, cy + 5, ink);
     right -= kChildButtonWidth;
     // Restore: two overlapping squares.
     cx = right - kChildButtonWidth / 2;
     FrameSolid(hdc, RECT{cx - 5, cy - 3, cx + 3, cy + 5}, ink);
-    Stroke(hdc, cx - 3, cy - 5, cx + 5, cy - 5, ink);
-    Stroke(hdc, cx + 5, cy - 5, cx + 5, cy + 3, ink);
+    StrokeLine(hdc, cx - 3, cy - 5, cx + 5, cy - 5, ink);
+    StrokeLine(hdc, cx + 5, cy - 5, cx + 5, cy + 3, ink);
     right -= kChildButtonWidth;
     // Minimise: a bar.
     cx = right - kChildButtonWidth / 2;
-    Stroke(hdc, cx - 5, cy, cx + 5, cy, ink);
+    StrokeLine(hdc, cx - 5, cy, cx + 5, cy, ink);
 }
 
 } // namespace
 
 HFONT MenuFont() {
-    static HFONT font = [] {
-        LOGFONTW lf{};
-        lf.lfHeight = -12;
-        lf.lfWeight = FW_NORMAL;
-        const char16_t face[] = u"Segoe UI";
-        std::copy(std::begin(face), std::end(face), lf.lfFaceName);
-        return CreateFontIndirect(&lf);
-    }();
+    static HFONT font = CreateInterfaceFont();
     return font;
 }
 

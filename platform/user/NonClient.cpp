@@ -19,24 +19,8 @@ constexpr COLORREF kInactiveText = RGB(153, 153, 153);
 constexpr int kTextIndent = 8;
 
 HFONT CaptionFont() {
-    static HFONT font = [] {
-        LOGFONTW lf{};
-        lf.lfHeight = -12;
-        lf.lfWeight = FW_NORMAL;
-        const char16_t face[] = u"Segoe UI";
-        std::copy(std::begin(face), std::end(face), lf.lfFaceName);
-        return CreateFontIndirect(&lf);
-    }();
+    static HFONT font = CreateInterfaceFont();
     return font;
-}
-
-void Line(HDC hdc, int x0, int y0, int x1, int y1, COLORREF color) {
-    HPEN pen = CreatePen(PS_SOLID, 1, color);
-    HGDIOBJ old = SelectObject(hdc, pen);
-    MoveToEx(hdc, x0, y0, nullptr);
-    LineTo(hdc, x1, y1);
-    SelectObject(hdc, old);
-    DeleteObject(pen);
 }
 
 // A sunken 3-D edge one pixel wide inside r: dark on the top and left,
@@ -52,8 +36,8 @@ void DrawCloseBox(HDC hdc, const RECT& box, COLORREF color) {
     int cx = (box.left + box.right) / 2;
     int cy = (box.top + box.bottom) / 2;
     // A 10 by 10 cross: two diagonals, end points left out.
-    Line(hdc, cx - 5, cy - 5, cx + 5, cy + 5, color);
-    Line(hdc, cx + 4, cy - 5, cx - 6, cy + 5, color);
+    StrokeLine(hdc, cx - 5, cy - 5, cx + 5, cy + 5, color);
+    StrokeLine(hdc, cx + 4, cy - 5, cx - 6, cy + 5, color);
 }
 
 void DrawCaption(HDC hdc, const Window* window, const RECT& bar) {

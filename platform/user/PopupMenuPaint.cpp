@@ -40,22 +40,13 @@ int TextWidth(HDC hdc, const std::u16string& text, UINT format) {
     return measure.right - measure.left;
 }
 
-void Stroke(HDC hdc, int x0, int y0, int x1, int y1, COLORREF color) {
-    HPEN pen = CreatePen(PS_SOLID, 1, color);
-    HGDIOBJ old = SelectObject(hdc, pen);
-    MoveToEx(hdc, x0, y0, nullptr);
-    LineTo(hdc, x1, y1);
-    SelectObject(hdc, old);
-    DeleteObject(pen);
-}
-
 // A tick in the gutter, two strokes two pixels thick.
 void PaintCheck(HDC hdc, const RECT& item, COLORREF ink) {
     const int x = item.left + kGutter / 2 - 5;
     const int y = (item.top + item.bottom) / 2;
     for (int thick = 0; thick < 2; ++thick) {
-        Stroke(hdc, x, y + thick - 1, x + 3, y + thick + 2, ink);
-        Stroke(hdc, x + 3, y + thick + 2, x + 10, y + thick - 5, ink);
+        StrokeLine(hdc, x, y + thick - 1, x + 3, y + thick + 2, ink);
+        StrokeLine(hdc, x + 3, y + thick + 2, x + 10, y + thick - 5, ink);
     }
 }
 

@@ -28,6 +28,26 @@ protected:
     void NotePage() {
         automation::Do([this] { pages.push_back(WizardPageIndex()); });
     }
+
+    // What the user saw when Next refused a page: the message box, then where
+    // the focus went and the field it should be on.
+    struct Refusal {
+        testing_support::MessageBoxLook box;
+        HWND focus = nullptr;
+        HWND field = nullptr;
+    };
+    // Clicks Next, answers the message box that refuses it and notes what
+    // the user is shown; refusal is filled in as the queued actions run.
+    void NextRefused(UINT field, Refusal& refusal) {
+        automation::Click(ID_WIZNEXT);
+        testing_support::LookAndConfirm(refusal.box);
+        NotePage();
+        automation::Do([&refusal, field] {
+            refusal.focus = GetFocus();
+            refusal.field = WizardPageItem(field);
+        });
+    }
+
     std::vector<int> pages;
 };
 
@@ -126,29 +146,13 @@ TEST_F(PrintWizardTest, DatesThatDoNotReadOrRunBackwardsKeepTheUserOnThePage) {
     automation::PickMenuItem(ID_LIST_WIZARD);
     automation::Click(ID_WIZNEXT);
     TypeOver(IDC_DATE_FROM, u"someday");
-    automation::Click(ID_WIZNEXT);
-    testing_support::MessageBoxLook unreadable;
-    testing_support::LookAndConfirm(unreadable);
-    NotePage();
-    HWND focusAfterUnreadable = nullptr;
-    HWND fromField = nullptr;
-    automation::Do([&] {
-        focusAfterUnreadable = GetFocus();
-        fromField = WizardPageItem(IDC_DATE_FROM);
-    });
+    Refusal unreadable;
+    NextRefused(IDC_DATE_FROM, unreadable);
 
     TypeOver(IDC_DATE_FROM, u"2024-05-01");
     TypeOver(IDC_DATE_TO, u"2024-04-01");
-    automation::Click(ID_WIZNEXT);
-    testing_support::MessageBoxLook backwards;
-    testing_support::LookAndConfirm(backwards);
-    NotePage();
-    HWND focusAfterBackwards = nullptr;
-    HWND toField = nullptr;
-    automation::Do([&] {
-        focusAfterBackwards = GetFocus();
-        toField = WizardPageItem(IDC_DATE_TO);
-    });
+    Refusal backwards;
+    NextRefused(IDC_DATE_TO, backwards);
 
     // A range of one day is a range.
     TypeOver(IDC_DATE_TO, u"2024-05-01");
@@ -157,12 +161,12 @@ TEST_F(PrintWizardTest, DatesThatDoNotReadOrRunBackwardsKeepTheUserOnThePage) {
     automation::Click(ID_WIZFINISH);
     Run();
     EXPECT_EQ(automation::CancelsForWantOfActions(), 0);
-    EXPECT_EQ(unreadable.text, u"Type the date as year-month-day, for example 2024-01-31.");
-    EXPECT_EQ(backwards.text, u"The first date comes after the last one.");
+    EXPECT_EQ(unreadable.box.text, u"Type the date as year-month-day, for example 2024-01-31.");
+    EXPECT_EQ(backwards.box.text, u"The first date comes after the last one.");
     EXPECT_EQ(pages, (std::vector<int>{1, 1, 2}));
-    EXPECT_EQ(focusAfterUnreadable, fromField);
-    EXPECT_NE(fromField, nullptr);
-    EXPECT_EQ(focusAfterBackwards, toField);
+    EXPECT_EQ(unreadable.focus, unreadable.field);
+    EXPECT_NE(unreadable.field, nullptr);
+    EXPECT_EQ(backwards.focus, backwards.field);
     EXPECT_EQ(Settings().from, COleDateTime(2024, 5, 1, 0, 0, 0));
     EXPECT_EQ(Settings().to, COleDateTime(2024, 5, 1, 0, 0, 0));
 }

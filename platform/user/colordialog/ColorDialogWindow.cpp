@@ -3,6 +3,7 @@
 // blue value fields, kept in step with each other.
 #include "ColorDialog.h"
 
+#include "../DialogWindows.h"
 #include "../controls/ControlPaint.h"
 
 #include <dlgs.h>
@@ -32,58 +33,33 @@ constexpr int kClientHeight = kButtonTop + 23 + kMargin;
 constexpr int kValueIds[] = {COLOR_RED, COLOR_GREEN, COLOR_BLUE};
 
 DialogState* MutableStateOf(HWND hwnd) {
-    if (!IsWindow(hwnd) ||
-        GetWindowLongPtr(hwnd, DWLP_DLGPROC) != reinterpret_cast<LONG_PTR>(&ColorDialogProc))
-        return nullptr;
-    return reinterpret_cast<DialogState*>(GetWindowLongPtr(hwnd, DWLP_USER));
-}
-
-HWND AddControl(HWND dialog, const WCHAR* cls, const WCHAR* text, DWORD style, int id, int x, int y,
-                int cx, int cy) {
-    HWND control =
-        CreateWindowEx(0, cls, text, WS_CHILD | WS_VISIBLE | style, x, y, cx, cy, dialog,
-                       reinterpret_cast<HMENU>(static_cast<uintptr_t>(id)), nullptr, nullptr);
-    SendMessage(control, WM_SETFONT, static_cast<WPARAM>(SendMessage(dialog, WM_GETFONT, 0, 0)),
-                FALSE);
-    return control;
+    return DialogStateOf<DialogState>(hwnd, &ColorDialogProc);
 }
 
 void CreateControls(HWND dialog) {
-    AddControl(dialog, u"STATIC", u"&Basic colours:", SS_LEFT, COLOR_BOX1, kMargin, kMargin,
-               8 * kSwatchStepX, 16);
+    AddDialogControl(dialog, u"STATIC", u"&Basic colours:", SS_LEFT, COLOR_BOX1, kMargin, kMargin,
+                     8 * kSwatchStepX, 16);
     for (int i = 0; i < 48; ++i)
-        AddControl(dialog, u"BUTTON", nullptr, BS_OWNERDRAW | (i == 0 ? WS_TABSTOP | WS_GROUP : 0),
-                   kFirstSwatch + i, kMargin + (i % 8) * kSwatchStepX,
-                   kGridTop + (i / 8) * kSwatchStepY, kSwatchWidth, kSwatchHeight);
+        AddDialogControl(dialog, u"BUTTON", nullptr,
+                         BS_OWNERDRAW | (i == 0 ? WS_TABSTOP | WS_GROUP : 0), kFirstSwatch + i,
+                         kMargin + (i % 8) * kSwatchStepX, kGridTop + (i / 8) * kSwatchStepY,
+                         kSwatchWidth, kSwatchHeight);
     // The sample is a button that cannot be pressed, drawn like the swatches.
-    HWND sample = AddControl(dialog, u"BUTTON", nullptr, BS_OWNERDRAW, COLOR_CURRENT, kPanelLeft,
-                             kGridTop, 110, 50);
+    HWND sample = AddDialogControl(dialog, u"BUTTON", nullptr, BS_OWNERDRAW, COLOR_CURRENT,
+                                   kPanelLeft, kGridTop, 110, 50);
     EnableWindow(sample, FALSE);
     const WCHAR* labels[] = {u"&Red:", u"&Green:", u"Bl&ue:"};
     for (int i = 0; i < 3; ++i) {
         int y = kGridTop + 62 + i * 26;
-        AddControl(dialog, u"STATIC", labels[i], SS_LEFT, -1, kPanelLeft, y + 3, 50, 16);
-        AddControl(dialog, u"EDIT", nullptr, ES_NUMBER | ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP,
-                   kValueIds[i], kPanelLeft + 55, y, 55, 21);
+        AddDialogControl(dialog, u"STATIC", labels[i], SS_LEFT, -1, kPanelLeft, y + 3, 50, 16);
+        AddDialogControl(dialog, u"EDIT", nullptr,
+                         ES_NUMBER | ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP, kValueIds[i],
+                         kPanelLeft + 55, y, 55, 21);
     }
-    AddControl(dialog, u"BUTTON", u"OK", BS_DEFPUSHBUTTON | WS_TABSTOP | WS_GROUP, IDOK, kMargin,
-               kButtonTop, 75, 23);
-    AddControl(dialog, u"BUTTON", u"Cancel", BS_PUSHBUTTON | WS_TABSTOP, IDCANCEL, kMargin + 75 + 8,
-               kButtonTop, 75, 23);
-}
-
-void Place(HWND dialog) {
-    HWND owner = GetWindow(dialog, GW_OWNER);
-    RECT over{};
-    GetWindowRect(owner ? owner : GetDesktopWindow(), &over);
-    RECT frame{0, 0, kClientWidth, kClientHeight};
-    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongPtr(dialog, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtr(dialog, GWL_EXSTYLE)));
-    int width = frame.right - frame.left;
-    int height = frame.bottom - frame.top;
-    int left = std::max<LONG>(0, over.left + (over.right - over.left - width) / 2);
-    int top = std::max<LONG>(0, over.top + (over.bottom - over.top - height) / 2);
-    SetWindowPos(dialog, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    AddDialogControl(dialog, u"BUTTON", u"OK", BS_DEFPUSHBUTTON | WS_TABSTOP | WS_GROUP, IDOK,
+                     kMargin, kButtonTop, 75, 23);
+    AddDialogControl(dialog, u"BUTTON", u"Cancel", BS_PUSHBUTTON | WS_TABSTOP, IDCANCEL,
+                     kMargin + 75 + 8, kButtonTop, 75, 23);
 }
 
 int Component(COLORREF colour, int index) {
@@ -175,7 +151,7 @@ void OnCommand(HWND hwnd, DialogState& state, int id, int code) {
 
 void OnInit(HWND hwnd, DialogState& state) {
     CreateControls(hwnd);
-    Place(hwnd);
+    CentreOverOwner(hwnd, SIZE{kClientWidth, kClientHeight});
     state.current = (state.cc->Flags & CC_RGBINIT) ? state.cc->rgbResult & 0xFFFFFF : 0;
     WriteFields(hwnd, state);
     for (int i = 0; i < 48; ++i)

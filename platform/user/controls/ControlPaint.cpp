@@ -1,6 +1,7 @@
 #include "ControlPaint.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace platform::user {
 
@@ -14,6 +15,24 @@ void FrameSolid(HDC hdc, const RECT& rect, COLORREF color) {
     HBRUSH brush = CreateSolidBrush(color);
     FrameRect(hdc, &rect, brush);
     DeleteObject(brush);
+}
+
+void StrokeLine(HDC hdc, int x0, int y0, int x1, int y1, COLORREF color) {
+    HPEN pen = CreatePen(PS_SOLID, 1, color);
+    HGDIOBJ old = SelectObject(hdc, pen);
+    MoveToEx(hdc, x0, y0, nullptr);
+    LineTo(hdc, x1, y1);
+    SelectObject(hdc, old);
+    DeleteObject(pen);
+}
+
+HFONT CreateInterfaceFont() {
+    LOGFONTW lf{};
+    lf.lfHeight = -12;
+    lf.lfWeight = FW_NORMAL;
+    const char16_t face[] = u"Segoe UI";
+    std::copy(std::begin(face), std::end(face), lf.lfFaceName);
+    return CreateFontIndirect(&lf);
 }
 
 void DottedFrame(HDC hdc, const RECT& rect, COLORREF color) {

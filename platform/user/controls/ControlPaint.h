@@ -1,5 +1,6 @@
-// Drawing helpers shared by the standard controls: flat fills and frames in
-// the system's colours, the dotted focus frame, and the control's font.
+// Drawing helpers shared by the standard controls and the window's own parts
+// (caption, menus): flat fills, frames and lines in the system's colours, the
+// dotted focus frame, and the fonts.
 #pragma once
 
 #include <windows.h>
@@ -13,6 +14,13 @@ void FillSolid(HDC hdc, const RECT& rect, COLORREF color);
 void FrameSolid(HDC hdc, const RECT& rect, COLORREF color);
 // The keyboard focus frame: every other pixel of a one-pixel frame.
 void DottedFrame(HDC hdc, const RECT& rect, COLORREF color);
+// A solid line one pixel wide from (x0, y0) to (x1, y1), end point left out.
+void StrokeLine(HDC hdc, int x0, int y0, int x1, int y1, COLORREF color);
+
+// A new font of the flat look's interface text (Segoe UI, 12 pixels); each
+// part that uses it makes its own once and keeps it, as the system keeps its
+// caption, menu and status fonts.
+HFONT CreateInterfaceFont();
 
 // A position summed in 64 bits (column edges, whose widths may each be as
 // large as an int), held within what a device addresses: 2^27 either way.

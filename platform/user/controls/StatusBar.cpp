@@ -42,14 +42,7 @@ ControlStates<StatusState>& States() {
 
 // The system's status bar font, made once and kept like the system's own.
 HFONT DefaultFont() {
-    static HFONT font = [] {
-        LOGFONTW lf{};
-        lf.lfHeight = -12;
-        lf.lfWeight = FW_NORMAL;
-        const char16_t face[] = u"Segoe UI";
-        std::copy(std::begin(face), std::end(face), lf.lfFaceName);
-        return CreateFontIndirect(&lf);
-    }();
+    static HFONT font = CreateInterfaceFont();
     return font;
 }
 

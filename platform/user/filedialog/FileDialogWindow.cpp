@@ -2,6 +2,8 @@
 // the user's clicks and keys do.
 #include "FileDialog.h"
 
+#include "../DialogWindows.h"
+
 #include <commctrl.h>
 #include <dlgs.h>
 
@@ -20,20 +22,7 @@ constexpr int kButtonWidth = 75;
 constexpr int kLabelWidth = 90;
 
 DialogState* MutableStateOf(HWND hwnd) {
-    if (!IsWindow(hwnd) ||
-        GetWindowLongPtr(hwnd, DWLP_DLGPROC) != reinterpret_cast<LONG_PTR>(&FileDialogProc))
-        return nullptr;
-    return reinterpret_cast<DialogState*>(GetWindowLongPtr(hwnd, DWLP_USER));
-}
-
-HWND AddControl(HWND dialog, const WCHAR* cls, const WCHAR* text, DWORD style, int id, int x, int y,
-                int cx, int cy, DWORD exStyle = 0) {
-    HWND control =
-        CreateWindowEx(exStyle, cls, text, WS_CHILD | WS_VISIBLE | style, x, y, cx, cy, dialog,
-                       reinterpret_cast<HMENU>(static_cast<uintptr_t>(id)), nullptr, nullptr);
-    SendMessage(control, WM_SETFONT, static_cast<WPARAM>(SendMessage(dialog, WM_GETFONT, 0, 0)),
-                FALSE);
-    return control;
+    return DialogStateOf<DialogState>(hwnd, &FileDialogProc);
 }
 
 void AddColumn(HWND list, int index, const WCHAR* title, int width, int format) {
@@ -49,20 +38,20 @@ void AddColumn(HWND list, int index, const WCHAR* title, int width, int format) 
 void CreateControls(HWND dialog, const DialogState& state) {
     const int right = kClientWidth - kMargin;
     const int upLeft = right - 60;
-    AddControl(dialog, u"STATIC", u"Look &in:", SS_LEFT, stc4, kMargin, kMargin + 4, kLabelWidth,
-               16);
-    AddControl(dialog, u"COMBOBOX", nullptr, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, cmb2,
-               kMargin + kLabelWidth, kMargin, upLeft - kGap - kMargin - kLabelWidth, 240);
-    AddControl(dialog, u"BUTTON", u"&Up", BS_PUSHBUTTON | WS_TABSTOP, psh1, upLeft, kMargin, 60,
-               kRow);
+    AddDialogControl(dialog, u"STATIC", u"Look &in:", SS_LEFT, stc4, kMargin, kMargin + 4,
+                     kLabelWidth, 16);
+    AddDialogControl(dialog, u"COMBOBOX", nullptr, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, cmb2,
+                     kMargin + kLabelWidth, kMargin, upLeft - kGap - kMargin - kLabelWidth, 240);
+    AddDialogControl(dialog, u"BUTTON", u"&Up", BS_PUSHBUTTON | WS_TABSTOP, psh1, upLeft, kMargin,
+                     60, kRow);
 
     const int typeRow = kClientHeight - kMargin - kRow;
     const int nameRow = typeRow - kGap - kRow;
     const int listTop = kMargin + kRow + kGap;
-    HWND list =
-        AddControl(dialog, WC_LISTVIEWW, nullptr,
-                   LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_BORDER | WS_TABSTOP, lst1,
-                   kMargin, listTop, kClientWidth - 2 * kMargin, nameRow - kGap - listTop);
+    HWND list = AddDialogControl(
+        dialog, WC_LISTVIEWW, nullptr,
+        LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_BORDER | WS_TABSTOP, lst1, kMargin,
+        listTop, kClientWidth - 2 * kMargin, nameRow - kGap - listTop);
     SendMessage(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
     AddColumn(list, 0, u"Name", 300, LVCFMT_LEFT);
     AddColumn(list, 1, u"Size", 90, LVCFMT_RIGHT);
@@ -70,37 +59,23 @@ void CreateControls(HWND dialog, const DialogState& state) {
 
     const int fieldLeft = kMargin + kLabelWidth;
     const int fieldWidth = right - kButtonWidth - kGap - fieldLeft;
-    AddControl(dialog, u"STATIC", u"File &name:", SS_LEFT, stc3, kMargin, nameRow + 4, kLabelWidth,
-               16);
-    AddControl(dialog, u"EDIT", nullptr, ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP, edt1, fieldLeft,
-               nameRow, fieldWidth, kRow);
-    AddControl(dialog, u"BUTTON", state.save ? u"&Save" : u"&Open", BS_DEFPUSHBUTTON | WS_TABSTOP,
-               IDOK, right - kButtonWidth, nameRow, kButtonWidth, kRow);
-    AddControl(dialog, u"STATIC", u"Files of &type:", SS_LEFT, stc2, kMargin, typeRow + 4,
-               kLabelWidth, 16);
+    AddDialogControl(dialog, u"STATIC", u"File &name:", SS_LEFT, stc3, kMargin, nameRow + 4,
+                     kLabelWidth, 16);
+    AddDialogControl(dialog, u"EDIT", nullptr, ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP, edt1,
+                     fieldLeft, nameRow, fieldWidth, kRow);
+    AddDialogControl(dialog, u"BUTTON", state.save ? u"&Save" : u"&Open",
+                     BS_DEFPUSHBUTTON | WS_TABSTOP, IDOK, right - kButtonWidth, nameRow,
+                     kButtonWidth, kRow);
+    AddDialogControl(dialog, u"STATIC", u"Files of &type:", SS_LEFT, stc2, kMargin, typeRow + 4,
+                     kLabelWidth, 16);
     HWND types =
-        AddControl(dialog, u"COMBOBOX", nullptr, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, cmb1,
-                   fieldLeft, typeRow, fieldWidth, 200);
-    AddControl(dialog, u"BUTTON", u"Cancel", BS_PUSHBUTTON | WS_TABSTOP, IDCANCEL,
-               right - kButtonWidth, typeRow, kButtonWidth, kRow);
+        AddDialogControl(dialog, u"COMBOBOX", nullptr, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,
+                         cmb1, fieldLeft, typeRow, fieldWidth, 200);
+    AddDialogControl(dialog, u"BUTTON", u"Cancel", BS_PUSHBUTTON | WS_TABSTOP, IDCANCEL,
+                     right - kButtonWidth, typeRow, kButtonWidth, kRow);
     for (const FileFilter& filter : state.filters)
         SendMessage(types, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(filter.description.c_str()));
     SendMessage(types, CB_SETCURSEL, state.filter, 0);
-}
-
-// Centred over the owner (or the desktop), the frame around the client area.
-void Place(HWND dialog) {
-    HWND owner = GetWindow(dialog, GW_OWNER);
-    RECT over{};
-    GetWindowRect(owner ? owner : GetDesktopWindow(), &over);
-    RECT frame{0, 0, kClientWidth, kClientHeight};
-    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongPtr(dialog, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtr(dialog, GWL_EXSTYLE)));
-    int width = frame.right - frame.left;
-    int height = frame.bottom - frame.top;
-    int left = std::max<LONG>(0, over.left + (over.right - over.left - width) / 2);
-    int top = std::max<LONG>(0, over.top + (over.bottom - over.top - height) / 2);
-    SetWindowPos(dialog, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 const std::vector<std::u16string>& Patterns(const DialogState& state) {
@@ -228,7 +203,7 @@ void OnNotify(HWND hwnd, DialogState& state, const NMHDR& header) {
 
 void OnInit(HWND hwnd, DialogState& state) {
     CreateControls(hwnd, state);
-    Place(hwnd);
+    CentreOverOwner(hwnd, SIZE{kClientWidth, kClientHeight});
     std::u16string initial = state.ofn->lpstrFile ? state.ofn->lpstrFile : u"";
     std::size_t slash = initial.rfind(u'/');
     std::u16string name = slash == std::u16string::npos ? initial : initial.substr(slash + 1);

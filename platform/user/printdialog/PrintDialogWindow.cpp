@@ -4,6 +4,8 @@
 // dialog closes.
 #include "PrintDialog.h"
 
+#include "../DialogWindows.h"
+
 #include <commdlg.h>
 #include <dlgs.h>
 
@@ -26,78 +28,56 @@ constexpr int kClientHeight = kButtonTop + 23 + kMargin;
 constexpr int kMaxCopies = 9999;
 
 DialogState* MutableStateOf(HWND hwnd) {
-    if (!IsWindow(hwnd) ||
-        GetWindowLongPtr(hwnd, DWLP_DLGPROC) != reinterpret_cast<LONG_PTR>(&PrintDialogProc))
-        return nullptr;
-    return reinterpret_cast<DialogState*>(GetWindowLongPtr(hwnd, DWLP_USER));
-}
-
-HWND AddControl(HWND dialog, const WCHAR* cls, const WCHAR* text, DWORD style, int id, int x, int y,
-                int cx, int cy) {
-    HWND control =
-        CreateWindowEx(0, cls, text, WS_CHILD | WS_VISIBLE | style, x, y, cx, cy, dialog,
-                       reinterpret_cast<HMENU>(static_cast<intptr_t>(id)), nullptr, nullptr);
-    SendMessage(control, WM_SETFONT, static_cast<WPARAM>(SendMessage(dialog, WM_GETFONT, 0, 0)),
-                FALSE);
-    return control;
+    return DialogStateOf<DialogState>(hwnd, &PrintDialogProc);
 }
 
 void CreateControls(HWND dialog) {
-    AddControl(dialog, u"STATIC", u"&Name:", SS_LEFT, -1, kMargin, kMargin + 3, kLabelWidth, 16);
-    AddControl(dialog, u"COMBOBOX", nullptr, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP | WS_GROUP,
-               cmb4, kFieldLeft, kMargin, kClientWidth - kFieldLeft - kMargin, 160);
-    AddControl(dialog, u"STATIC", u"Where:", SS_LEFT, -1, kMargin, kMargin + 34, kLabelWidth, 16);
-    AddControl(dialog, u"STATIC", nullptr, SS_LEFT, stc5, kFieldLeft, kMargin + 34,
-               kClientWidth - kFieldLeft - kMargin, 16);
-    AddControl(dialog, u"STATIC", u"&File name:", SS_LEFT, -1, kMargin, kMargin + 62, kLabelWidth,
-               16);
-    AddControl(dialog, u"EDIT", nullptr, ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP | WS_GROUP, edt4,
-               kFieldLeft, kMargin + 59, kClientWidth - kFieldLeft - kMargin - 83, 21);
-    AddControl(dialog, u"BUTTON", u"&Browse...", BS_PUSHBUTTON | WS_TABSTOP, psh2,
-               kClientWidth - kMargin - 75, kMargin + 58, 75, 23);
+    AddDialogControl(dialog, u"STATIC", u"&Name:", SS_LEFT, -1, kMargin, kMargin + 3, kLabelWidth,
+                     16);
+    AddDialogControl(dialog, u"COMBOBOX", nullptr,
+                     CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP | WS_GROUP, cmb4, kFieldLeft,
+                     kMargin, kClientWidth - kFieldLeft - kMargin, 160);
+    AddDialogControl(dialog, u"STATIC", u"Where:", SS_LEFT, -1, kMargin, kMargin + 34, kLabelWidth,
+                     16);
+    AddDialogControl(dialog, u"STATIC", nullptr, SS_LEFT, stc5, kFieldLeft, kMargin + 34,
+                     kClientWidth - kFieldLeft - kMargin, 16);
+    AddDialogControl(dialog, u"STATIC", u"&File name:", SS_LEFT, -1, kMargin, kMargin + 62,
+                     kLabelWidth, 16);
+    AddDialogControl(dialog, u"EDIT", nullptr, ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP | WS_GROUP,
+                     edt4, kFieldLeft, kMargin + 59, kClientWidth - kFieldLeft - kMargin - 83, 21);
+    AddDialogControl(dialog, u"BUTTON", u"&Browse...", BS_PUSHBUTTON | WS_TABSTOP, psh2,
+                     kClientWidth - kMargin - 75, kMargin + 58, 75, 23);
 
-    AddControl(dialog, u"BUTTON", u"Print range", BS_GROUPBOX, grp1, kMargin, kGroupTop,
-               kRangeWidth, kGroupHeight);
-    AddControl(dialog, u"BUTTON", u"&All", BS_AUTORADIOBUTTON | WS_TABSTOP | WS_GROUP, rad1,
-               kMargin + 10, kGroupTop + 20, 120, 18);
-    AddControl(dialog, u"BUTTON", u"Pa&ges", BS_AUTORADIOBUTTON, rad3, kMargin + 10, kGroupTop + 48,
-               60, 18);
-    AddControl(dialog, u"STATIC", u"&from:", SS_LEFT, -1, kMargin + 72, kGroupTop + 50, 32, 16);
-    AddControl(dialog, u"EDIT", nullptr, ES_NUMBER | WS_BORDER | WS_TABSTOP | WS_GROUP, edt1,
-               kMargin + 104, kGroupTop + 47, 36, 21);
-    AddControl(dialog, u"STATIC", u"&to:", SS_LEFT, -1, kMargin + 146, kGroupTop + 50, 16, 16);
-    AddControl(dialog, u"EDIT", nullptr, ES_NUMBER | WS_BORDER | WS_TABSTOP, edt2, kMargin + 162,
-               kGroupTop + 47, 30, 21);
+    AddDialogControl(dialog, u"BUTTON", u"Print range", BS_GROUPBOX, grp1, kMargin, kGroupTop,
+                     kRangeWidth, kGroupHeight);
+    AddDialogControl(dialog, u"BUTTON", u"&All", BS_AUTORADIOBUTTON | WS_TABSTOP | WS_GROUP, rad1,
+                     kMargin + 10, kGroupTop + 20, 120, 18);
+    AddDialogControl(dialog, u"BUTTON", u"Pa&ges", BS_AUTORADIOBUTTON, rad3, kMargin + 10,
+                     kGroupTop + 48, 60, 18);
+    AddDialogControl(dialog, u"STATIC", u"&from:", SS_LEFT, -1, kMargin + 72, kGroupTop + 50, 32,
+                     16);
+    AddDialogControl(dialog, u"EDIT", nullptr, ES_NUMBER | WS_BORDER | WS_TABSTOP | WS_GROUP, edt1,
+                     kMargin + 104, kGroupTop + 47, 36, 21);
+    AddDialogControl(dialog, u"STATIC", u"&to:", SS_LEFT, -1, kMargin + 146, kGroupTop + 50, 16,
+                     16);
+    AddDialogControl(dialog, u"EDIT", nullptr, ES_NUMBER | WS_BORDER | WS_TABSTOP, edt2,
+                     kMargin + 162, kGroupTop + 47, 30, 21);
 
     const int copiesLeft = kMargin + kRangeWidth + 10;
     const int copiesWidth = kClientWidth - copiesLeft - kMargin;
-    AddControl(dialog, u"BUTTON", u"Copies", BS_GROUPBOX, grp2, copiesLeft, kGroupTop, copiesWidth,
-               kGroupHeight);
-    AddControl(dialog, u"STATIC", u"Number of &copies:", SS_LEFT, -1, copiesLeft + 10,
-               kGroupTop + 22, 90, 16);
-    AddControl(dialog, u"EDIT", nullptr, ES_NUMBER | WS_BORDER | WS_TABSTOP | WS_GROUP, edt3,
-               copiesLeft + 100, kGroupTop + 19, 30, 21);
-    AddControl(dialog, u"BUTTON", u"C&ollate", BS_AUTOCHECKBOX | WS_TABSTOP, chx2, copiesLeft + 10,
-               kGroupTop + 50, 100, 18);
+    AddDialogControl(dialog, u"BUTTON", u"Copies", BS_GROUPBOX, grp2, copiesLeft, kGroupTop,
+                     copiesWidth, kGroupHeight);
+    AddDialogControl(dialog, u"STATIC", u"Number of &copies:", SS_LEFT, -1, copiesLeft + 10,
+                     kGroupTop + 22, 90, 16);
+    AddDialogControl(dialog, u"EDIT", nullptr, ES_NUMBER | WS_BORDER | WS_TABSTOP | WS_GROUP, edt3,
+                     copiesLeft + 100, kGroupTop + 19, 30, 21);
+    AddDialogControl(dialog, u"BUTTON", u"C&ollate", BS_AUTOCHECKBOX | WS_TABSTOP, chx2,
+                     copiesLeft + 10, kGroupTop + 50, 100, 18);
 
-    AddControl(dialog, u"BUTTON", u"OK", BS_DEFPUSHBUTTON | WS_TABSTOP | WS_GROUP, IDOK,
-               kClientWidth - kMargin - 2 * 75 - 8, kButtonTop, 75, 23);
-    AddControl(dialog, u"BUTTON", u"Cancel", BS_PUSHBUTTON | WS_TABSTOP, IDCANCEL,
-               kClientWidth - kMargin - 75, kButtonTop, 75, 23);
-}
-
-void Place(HWND dialog) {
-    HWND owner = GetWindow(dialog, GW_OWNER);
-    RECT over{};
-    GetWindowRect(owner ? owner : GetDesktopWindow(), &over);
-    RECT frame{0, 0, kClientWidth, kClientHeight};
-    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongPtr(dialog, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtr(dialog, GWL_EXSTYLE)));
-    int width = frame.right - frame.left;
-    int height = frame.bottom - frame.top;
-    int left = std::max<LONG>(0, over.left + (over.right - over.left - width) / 2);
-    int top = std::max<LONG>(0, over.top + (over.bottom - over.top - height) / 2);
-    SetWindowPos(dialog, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    AddDialogControl(dialog, u"BUTTON", u"OK", BS_DEFPUSHBUTTON | WS_TABSTOP | WS_GROUP, IDOK,
+                     kClientWidth - kMargin - 2 * 75 - 8, kButtonTop, 75, 23);
+    AddDialogControl(dialog, u"BUTTON", u"Cancel", BS_PUSHBUTTON | WS_TABSTOP, IDCANCEL,
+                     kClientWidth - kMargin - 75, kButtonTop, 75, 23);
 }
 
 std::u16string Number(int value) {
@@ -165,7 +145,7 @@ void ShowPrinter(HWND hwnd, DialogState& state) {
 
 void OnInit(HWND hwnd, DialogState& state) {
     CreateControls(hwnd);
-    Place(hwnd);
+    CentreOverOwner(hwnd, SIZE{kClientWidth, kClientHeight});
     const PRINTDLGW& pd = *state.pd;
     HWND combo = GetDlgItem(hwnd, cmb4);
     for (const PrinterInfo& printer : state.printers)

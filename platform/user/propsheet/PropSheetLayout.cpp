@@ -4,6 +4,8 @@
 // buttons. The sheet is then centred over its owner.
 #include "PropSheet.h"
 
+#include "../DialogWindows.h"
+
 #include <platform/DialogUnits.h>
 
 #include <algorithm>
@@ -111,20 +113,6 @@ SIZE LayoutWizard(Sheet& sheet, SIZE page, int separatorId) {
         Place(sheet.hwnd, ID_WIZFINISH, at.x, at.y, kButtonWidth, kButtonHeight);
     }
     return SIZE{width, buttons + kButtonHeight + kMargin};
-}
-
-void CentreOverOwner(HWND sheet, SIZE client) {
-    RECT frame{0, 0, client.cx, client.cy};
-    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongPtr(sheet, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtr(sheet, GWL_EXSTYLE)));
-    int width = frame.right - frame.left;
-    int height = frame.bottom - frame.top;
-    HWND owner = GetWindow(sheet, GW_OWNER);
-    RECT over{};
-    GetWindowRect(owner ? owner : GetDesktopWindow(), &over);
-    int left = std::max<LONG>(0, over.left + (over.right - over.left - width) / 2);
-    int top = std::max<LONG>(0, over.top + (over.bottom - over.top - height) / 2);
-    SetWindowPos(sheet, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 constexpr int kSeparatorId = 0x3026;

@@ -2,7 +2,7 @@
 // our text and pictures read by another program (xclip), another program's
 // text read by ours, whole or in increments, and an owner that never answers.
 #ifdef WIN_TEST_HAVE_XCB
-#include "XvfbServer.h"
+#include "XvfbFixture.h"
 
 #include <Win/Win.h>
 #include <platform/Display.h>
@@ -29,13 +29,7 @@ struct Output {
     std::string text;
 };
 
-xcb_atom_t InternAtom(xcb_connection_t* c, const char* name) {
-    xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
-        c, xcb_intern_atom(c, 0, static_cast<uint16_t>(std::strlen(name)), name), nullptr);
-    const xcb_atom_t atom = reply ? reply->atom : 0;
-    free(reply);
-    return atom;
-}
+using testing_support::InternAtom;
 
 HGLOBAL Block(const void* data, std::size_t bytes) {
     HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
@@ -58,17 +52,15 @@ std::string AnsiOf(HANDLE block) {
     return text;
 }
 
-class X11ClipboardTest : public testing::Test {
+class X11ClipboardTest : public testing_support::XvfbFixture<> {
 protected:
     void SetUp() override {
-        if (!testing_support::XvfbServer::Installed())
-            GTEST_SKIP() << "Xvfb is not installed";
-        server = std::make_unique<testing_support::XvfbServer>();
-        ASSERT_FALSE(server->Name().empty()) << "Xvfb did not start";
+        StartServer();
+        if (IsSkipped() || HasFatalFailure())
+            return;
         if (Run("xclip -version") != 0)
             GTEST_SKIP() << "xclip is not installed";
-        std::string error;
-        ASSERT_TRUE(platform::display::OpenX11(server->Name().c_str(), &error)) << error;
+        OpenDisplay();
     }
 
     void TearDown() override {
@@ -76,11 +68,7 @@ protected:
             EmptyClipboard();
             CloseClipboard();
         }
-        platform::display::Close();
-    }
-
-    int Run(const std::string& command) {
-        return testing_support::RunOnDisplay(server->Name(), command);
+        XvfbFixture::TearDown();
     }
 
     // Runs a command that reads from us while our message loop keeps
@@ -132,8 +120,6 @@ protected:
                std::chrono::steady_clock::now() < deadline)
             std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
-
-    std::unique_ptr<testing_support::XvfbServer> server;
 };
 
 TEST_F(X11ClipboardTest, OurTextIsReadAsUtf8AndAsLatin1WithLinesEndingInLf) {

@@ -2,21 +2,17 @@
 // typing and clicking through the display's own input, the window manager's
 // close, and the display going away.
 #ifdef WIN_TEST_HAVE_XCB
-#include "XvfbServer.h"
+#include "XvfbFixture.h"
 
 #include <platform/Display.h>
 #include <platform/MessagePump.h>
 #include <platform/ResourceChain.h>
-#include <platform/WindowPictures.h>
 #include <windows.h>
 
-#include <cairo.h>
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>
 
-#include <chrono>
 #include <cstdlib>
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -41,26 +37,19 @@ INT_PTR RecordingProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
     return FALSE;
 }
 
-class X11DisplayTest : public testing::Test {
+class X11DisplayTest : public testing_support::XvfbFixture<> {
 protected:
     void SetUp() override {
-        if (!testing_support::XvfbServer::Installed())
-            GTEST_SKIP() << "Xvfb is not installed";
-        server = std::make_unique<testing_support::XvfbServer>();
-        ASSERT_FALSE(server->Name().empty()) << "Xvfb did not start";
-        std::string error;
-        ASSERT_TRUE(platform::display::OpenX11(server->Name().c_str(), &error)) << error;
-        probe = xcb_connect(server->Name().c_str(), nullptr);
-        ASSERT_FALSE(xcb_connection_has_error(probe));
+        XvfbFixture::SetUp();
+        if (IsSkipped() || HasFatalFailure())
+            return;
         g_commands.clear();
     }
 
     void TearDown() override {
         if (dialog && IsWindow(dialog))
             DestroyWindow(dialog);
-        platform::display::Close();
-        if (probe)
-            xcb_disconnect(probe);
+        XvfbFixture::TearDown();
     }
 
     HWND OpenDialog() {
@@ -75,22 +64,7 @@ protected:
     // Runs the message loop the way a host does, until done says so or
     // five seconds pass.
     bool RunUntil(const std::function<bool()>& done) {
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-        while (std::chrono::steady_clock::now() < deadline) {
-            MSG msg;
-            while (PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE)) {
-                if (!dialog || !IsWindow(dialog) || !IsDialogMessage(dialog, &msg)) {
-                    TranslateMessage(&msg);
-                    DispatchMessage(&msg);
-                }
-            }
-            platform::display::Update();
-            if (done())
-                return true;
-            if (!platform::display::WaitForInput(20))
-                return done();
-        }
-        return false;
+        return testing_support::PumpMessagesUntil(done, dialog);
     }
 
     bool Viewable(unsigned window) {
@@ -101,54 +75,12 @@ protected:
         return viewable;
     }
 
-    // The window's pixels as the display holds them, red in bits 16 to 23.
-    std::vector<uint32_t> DisplayPixels(unsigned window, int width, int height) {
-        xcb_get_image_reply_t* reply = xcb_get_image_reply(
-            probe,
-            xcb_get_image(probe, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 0,
-                          static_cast<uint16_t>(width), static_cast<uint16_t>(height), ~0u),
-            nullptr);
-        std::vector<uint32_t> pixels;
-        if (reply) {
-            const auto* data = reinterpret_cast<const uint32_t*>(xcb_get_image_data(reply));
-            pixels.assign(data, data + xcb_get_image_data_length(reply) / 4);
-            for (uint32_t& p : pixels)
-                p &= 0xFFFFFF;
-        }
-        free(reply);
-        return pixels;
-    }
-
-    // The headless rendering of the same window.
-    std::vector<uint32_t> HeadlessPixels(HWND hwnd, int* width, int* height) {
-        const auto path = std::filesystem::temp_directory_path() /
-                          ("x11-display-" + std::to_string(reinterpret_cast<uintptr_t>(hwnd)) +
-                           "-" + std::to_string(getpid()) + ".png");
-        std::vector<uint32_t> pixels;
-        if (!platform::SaveWindowAsPng(hwnd, path.string()))
-            return pixels;
-        cairo_surface_t* png = cairo_image_surface_create_from_png(path.c_str());
-        std::filesystem::remove(path);
-        *width = cairo_image_surface_get_width(png);
-        *height = cairo_image_surface_get_height(png);
-        const int stride = cairo_image_surface_get_stride(png);
-        const unsigned char* data = cairo_image_surface_get_data(png);
-        for (int y = 0; y < *height; ++y)
-            for (int x = 0; x < *width; ++x)
-                pixels.push_back(reinterpret_cast<const uint32_t*>(data + y * stride)[x] &
-                                 0xFFFFFF);
-        cairo_surface_destroy(png);
-        return pixels;
-    }
-
     std::u16string NameText() {
         WCHAR text[64] = {};
         GetWindowText(GetDlgItem(dialog, kNameId), text, 64);
         return text;
     }
 
-    std::unique_ptr<testing_support::XvfbServer> server;
-    xcb_connection_t* probe = nullptr;
     HWND dialog = nullptr;
 };
 
@@ -184,7 +116,7 @@ TEST_F(X11DisplayTest, DialogAppearsWithTitlePlaceAndTheHeadlessPixels) {
     free(name);
 
     int width = 0, height = 0;
-    const std::vector<uint32_t> headless = HeadlessPixels(dialog, &width, &height);
+    const std::vector<uint32_t> headless = testing_support::HeadlessPixels(dialog, &width, &height);
     ASSERT_EQ(width, rect.right - rect.left);
     ASSERT_EQ(height, rect.bottom - rect.top);
     const std::vector<uint32_t> onDisplay = DisplayPixels(shown, width, height);
@@ -259,7 +191,7 @@ TEST_F(X11DisplayTest, TypedKeysReachTheEditAndAClickReachesTheButton) {
     int firstRow = -1, lastRow = -1;
     EXPECT_TRUE(RunUntil([&] {
         int w = 0, h = 0;
-        const std::vector<uint32_t> headless = HeadlessPixels(dialog, &w, &h);
+        const std::vector<uint32_t> headless = testing_support::HeadlessPixels(dialog, &w, &h);
         const std::vector<uint32_t> live =
             DisplayPixels(platform::display::XWindowOf(dialog), w, h);
         differing = live.size() == headless.size() ? 0 : headless.size();
@@ -280,13 +212,7 @@ TEST_F(X11DisplayTest, TheWindowManagersCloseBecomesWmClose) {
     ASSERT_TRUE(OpenDialog());
     ASSERT_TRUE(RunUntil([&] { return platform::display::XWindowOf(dialog) != 0; }));
     const unsigned window = platform::display::XWindowOf(dialog);
-    auto atom = [&](const char* name) {
-        xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
-            probe, xcb_intern_atom(probe, 0, static_cast<uint16_t>(strlen(name)), name), nullptr);
-        xcb_atom_t value = reply ? reply->atom : 0;
-        free(reply);
-        return value;
-    };
+    auto atom = [&](const char* name) { return testing_support::InternAtom(probe, name); };
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;

@@ -2,7 +2,7 @@
 // ours, found by title, raised and activated, iconic by their WM_STATE, and
 // failing calls, never a crash, once they have gone.
 #ifdef WIN_TEST_HAVE_XCB
-#include "XvfbServer.h"
+#include "XvfbFixture.h"
 
 #include <Win/Win.h>
 #include <platform/Display.h>
@@ -22,13 +22,7 @@
 
 namespace {
 
-xcb_atom_t InternAtom(xcb_connection_t* c, const char* name) {
-    xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
-        c, xcb_intern_atom(c, 0, static_cast<uint16_t>(std::strlen(name)), name), nullptr);
-    const xcb_atom_t atom = reply ? reply->atom : 0;
-    free(reply);
-    return atom;
-}
+using testing_support::InternAtom;
 
 std::u16string TitleOf(HWND hwnd) {
     WCHAR buffer[256] = {};
@@ -47,18 +41,13 @@ std::vector<HWND> AllWindows() {
     return found;
 }
 
-class X11ForeignWindowsTest : public testing::Test {
+class X11ForeignWindowsTest : public testing_support::XvfbFixture<> {
 protected:
     void SetUp() override {
-        if (!testing_support::XvfbServer::Installed())
-            GTEST_SKIP() << "Xvfb is not installed";
-        server = std::make_unique<testing_support::XvfbServer>();
-        ASSERT_FALSE(server->Name().empty()) << "Xvfb did not start";
-        std::string error;
-        ASSERT_TRUE(platform::display::OpenX11(server->Name().c_str(), &error)) << error;
-        other = xcb_connect(server->Name().c_str(), nullptr);
-        ASSERT_FALSE(xcb_connection_has_error(other));
-        screen = xcb_setup_roots_iterator(xcb_get_setup(other)).data;
+        XvfbFixture::SetUp();
+        if (IsSkipped() || HasFatalFailure())
+            return;
+        screen = xcb_setup_roots_iterator(xcb_get_setup(probe)).data;
     }
 
     void TearDown() override {
@@ -69,31 +58,29 @@ protected:
         for (HWND hwnd : ours)
             if (IsWindow(hwnd))
                 DestroyWindow(hwnd);
-        platform::display::Close();
-        if (other)
-            xcb_disconnect(other);
+        XvfbFixture::TearDown();
     }
 
     // A top-level window of another program, mapped, with the given names
     // (none when empty).
     xcb_window_t Theirs(const std::string& netName, const std::string& latin1Name) {
-        const xcb_window_t window = xcb_generate_id(other);
-        xcb_create_window(other, XCB_COPY_FROM_PARENT, window, screen->root, 20, 20, 100, 80, 0,
+        const xcb_window_t window = xcb_generate_id(probe);
+        xcb_create_window(probe, XCB_COPY_FROM_PARENT, window, screen->root, 20, 20, 100, 80, 0,
                           XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, 0, nullptr);
         if (!netName.empty())
-            xcb_change_property(other, XCB_PROP_MODE_REPLACE, window,
-                                InternAtom(other, "_NET_WM_NAME"), InternAtom(other, "UTF8_STRING"),
+            xcb_change_property(probe, XCB_PROP_MODE_REPLACE, window,
+                                InternAtom(probe, "_NET_WM_NAME"), InternAtom(probe, "UTF8_STRING"),
                                 8, static_cast<uint32_t>(netName.size()), netName.data());
         if (!latin1Name.empty())
-            xcb_change_property(other, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_NAME,
+            xcb_change_property(probe, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_NAME,
                                 XCB_ATOM_STRING, 8, static_cast<uint32_t>(latin1Name.size()),
                                 latin1Name.data());
-        xcb_map_window(other, window);
+        xcb_map_window(probe, window);
         Sync();
         return window;
     }
 
-    void Sync() { free(xcb_get_input_focus_reply(other, xcb_get_input_focus(other), nullptr)); }
+    void Sync() { free(xcb_get_input_focus_reply(probe, xcb_get_input_focus(probe), nullptr)); }
 
     HWND Ours(const char16_t* title) {
         HWND hwnd = CreateWindowEx(0, u"STATIC", title, WS_POPUP | WS_VISIBLE, 10, 10, 200, 150,
@@ -116,7 +103,7 @@ protected:
     // The root's children, bottom first.
     std::vector<xcb_window_t> Stacking() {
         xcb_query_tree_reply_t* tree =
-            xcb_query_tree_reply(other, xcb_query_tree(other, screen->root), nullptr);
+            xcb_query_tree_reply(probe, xcb_query_tree(probe, screen->root), nullptr);
         std::vector<xcb_window_t> windows;
         if (tree) {
             const xcb_window_t* children = xcb_query_tree_children(tree);
@@ -126,8 +113,6 @@ protected:
         return windows;
     }
 
-    std::unique_ptr<testing_support::XvfbServer> server;
-    xcb_connection_t* other = nullptr;
     xcb_screen_t* screen = nullptr;
     std::vector<HWND> ours;
     pid_t child = -1;
@@ -173,7 +158,7 @@ TEST_F(X11ForeignWindowsTest, RaisingAnotherProgramsWindowPutsItOnTopAndGivesItT
     EXPECT_EQ(Stacking().back(), window);
     EXPECT_TRUE(SetForegroundWindow(theirs));
     xcb_get_input_focus_reply_t* focus =
-        xcb_get_input_focus_reply(other, xcb_get_input_focus(other), nullptr);
+        xcb_get_input_focus_reply(probe, xcb_get_input_focus(probe), nullptr);
     ASSERT_TRUE(focus);
     EXPECT_EQ(focus->focus, window);
     free(focus);
@@ -185,24 +170,24 @@ TEST_F(X11ForeignWindowsTest, WithAWindowManagerItsClientListAndActivationReques
     const xcb_window_t client = Theirs("Managed", "");
     Theirs("Unlisted", "");
     const xcb_window_t check = Theirs("", "");
-    xcb_change_property(other, XCB_PROP_MODE_REPLACE, screen->root,
-                        InternAtom(other, "_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 32, 1,
+    xcb_change_property(probe, XCB_PROP_MODE_REPLACE, screen->root,
+                        InternAtom(probe, "_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 32, 1,
                         &check);
-    xcb_change_property(other, XCB_PROP_MODE_REPLACE, screen->root,
-                        InternAtom(other, "_NET_CLIENT_LIST"), XCB_ATOM_WINDOW, 32, 1, &client);
+    xcb_change_property(probe, XCB_PROP_MODE_REPLACE, screen->root,
+                        InternAtom(probe, "_NET_CLIENT_LIST"), XCB_ATOM_WINDOW, 32, 1, &client);
     const uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT;
-    xcb_change_window_attributes(other, screen->root, XCB_CW_EVENT_MASK, &mask);
+    xcb_change_window_attributes(probe, screen->root, XCB_CW_EVENT_MASK, &mask);
     Sync();
     std::vector<HWND> all = AllWindows();
     ASSERT_EQ(all.size(), 1u);
     EXPECT_EQ(TitleOf(all[0]), u"Managed");
     EXPECT_EQ(WinUtils::FindApplication(u"Unlisted"), nullptr);
     ASSERT_TRUE(SetForegroundWindow(all[0]));
-    const xcb_atom_t active = InternAtom(other, "_NET_ACTIVE_WINDOW");
+    const xcb_atom_t active = InternAtom(probe, "_NET_ACTIVE_WINDOW");
     bool asked = false;
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
     while (!asked && std::chrono::steady_clock::now() < deadline) {
-        xcb_generic_event_t* event = xcb_poll_for_event(other);
+        xcb_generic_event_t* event = xcb_poll_for_event(probe);
         if (!event) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
             continue;
@@ -217,15 +202,15 @@ TEST_F(X11ForeignWindowsTest, WithAWindowManagerItsClientListAndActivationReques
 
 TEST_F(X11ForeignWindowsTest, IconicComesFromWmState) {
     const xcb_window_t window = Theirs("Iconic", "");
-    const xcb_atom_t wmState = InternAtom(other, "WM_STATE");
+    const xcb_atom_t wmState = InternAtom(probe, "WM_STATE");
     const uint32_t iconic[] = {3, 0};
-    xcb_change_property(other, XCB_PROP_MODE_REPLACE, window, wmState, wmState, 32, 2, iconic);
+    xcb_change_property(probe, XCB_PROP_MODE_REPLACE, window, wmState, wmState, 32, 2, iconic);
     Sync();
     HWND hwnd = WinUtils::FindApplication(u"Iconic");
     ASSERT_TRUE(hwnd);
     EXPECT_TRUE(IsIconic(hwnd));
     const uint32_t normal[] = {1, 0};
-    xcb_change_property(other, XCB_PROP_MODE_REPLACE, window, wmState, wmState, 32, 2, normal);
+    xcb_change_property(probe, XCB_PROP_MODE_REPLACE, window, wmState, wmState, 32, 2, normal);
     Sync();
     EXPECT_FALSE(IsIconic(hwnd));
 }

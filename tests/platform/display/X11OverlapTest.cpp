@@ -2,7 +2,7 @@
 // window's pixels, never those of a window lying over it, and keys typed
 // into an X window go to the focus inside that window.
 #ifdef WIN_TEST_HAVE_XCB
-#include "XvfbServer.h"
+#include "XvfbFixture.h"
 
 #include <platform/Display.h>
 #include <windows.h>
@@ -10,8 +10,6 @@
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>
 
-#include <chrono>
-#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -51,17 +49,12 @@ uint32_t DisplayColour(COLORREF colour) {
            (static_cast<uint32_t>(GetGValue(colour)) << 8) | GetBValue(colour);
 }
 
-class X11OverlapTest : public testing::Test {
+class X11OverlapTest : public testing_support::XvfbFixture<> {
 protected:
     void SetUp() override {
-        if (!testing_support::XvfbServer::Installed())
-            GTEST_SKIP() << "Xvfb is not installed";
-        server = std::make_unique<testing_support::XvfbServer>();
-        ASSERT_FALSE(server->Name().empty()) << "Xvfb did not start";
-        std::string error;
-        ASSERT_TRUE(platform::display::OpenX11(server->Name().c_str(), &error)) << error;
-        probe = xcb_connect(server->Name().c_str(), nullptr);
-        ASSERT_FALSE(xcb_connection_has_error(probe));
+        XvfbFixture::SetUp();
+        if (IsSkipped() || HasFatalFailure())
+            return;
         WNDCLASS wc{};
         wc.lpfnWndProc = PaintedWindowProc;
         wc.lpszClassName = u"X11Painted";
@@ -74,9 +67,7 @@ protected:
         for (auto it = windows.rbegin(); it != windows.rend(); ++it)
             if (IsWindow(*it))
                 DestroyWindow(*it);
-        platform::display::Close();
-        if (probe)
-            xcb_disconnect(probe);
+        XvfbFixture::TearDown();
     }
 
     HWND Open(const char16_t* title, COLORREF colour, RECT r, HWND owner) {
@@ -89,38 +80,14 @@ protected:
         return hwnd;
     }
 
-    bool RunUntil(const std::function<bool()>& done) {
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-        while (std::chrono::steady_clock::now() < deadline) {
-            MSG msg;
-            while (PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE)) {
-                TranslateMessage(&msg);
-                DispatchMessage(&msg);
-            }
-            platform::display::Update();
-            if (done())
-                return true;
-            if (!platform::display::WaitForInput(20))
-                return done();
-        }
-        return false;
-    }
-
     // The colour the display shows at a desktop point inside hwnd's X window.
     uint32_t ShownAt(HWND hwnd, POINT desktop) {
         RECT rect;
         GetWindowRect(hwnd, &rect);
-        xcb_get_image_reply_t* reply = xcb_get_image_reply(
-            probe,
-            xcb_get_image(probe, XCB_IMAGE_FORMAT_Z_PIXMAP, platform::display::XWindowOf(hwnd),
-                          static_cast<int16_t>(desktop.x - rect.left),
-                          static_cast<int16_t>(desktop.y - rect.top), 1, 1, ~0u),
-            nullptr);
-        uint32_t pixel = 0xFFFFFFFF;
-        if (reply && xcb_get_image_data_length(reply) >= 4)
-            pixel = *reinterpret_cast<const uint32_t*>(xcb_get_image_data(reply)) & 0xFFFFFF;
-        free(reply);
-        return pixel;
+        const std::vector<uint32_t> pixel =
+            testing_support::DisplayPixels(probe, platform::display::XWindowOf(hwnd),
+                                           desktop.x - rect.left, desktop.y - rect.top, 1, 1);
+        return pixel.empty() ? 0xFFFFFFFF : pixel[0];
     }
 
     static POINT Centre(HWND hwnd) {
@@ -131,12 +98,6 @@ protected:
         return centre;
     }
 
-    int Run(const std::string& command) {
-        return testing_support::RunOnDisplay(server->Name(), command);
-    }
-
-    std::unique_ptr<testing_support::XvfbServer> server;
-    xcb_connection_t* probe = nullptr;
     std::vector<HWND> windows;
 };
 
@@ -144,7 +105,7 @@ TEST_F(X11OverlapTest, AWindowLyingOverAnotherDoesNotShowInTheLowerOnesXWindow) 
     HWND frame = Open(u"Frame", kRed, RECT{20, 20, 420, 320}, nullptr);
     HWND over = Open(u"Over", kBlue, RECT{100, 100, 260, 220}, frame);
     const POINT middle = Centre(over);
-    ASSERT_TRUE(RunUntil([&] {
+    ASSERT_TRUE(PumpUntil([&] {
         return platform::display::XWindowOf(frame) && platform::display::XWindowOf(over) &&
                ShownAt(over, middle) == DisplayColour(kBlue);
     }));
@@ -154,7 +115,7 @@ TEST_F(X11OverlapTest, AWindowLyingOverAnotherDoesNotShowInTheLowerOnesXWindow) 
     xcb_configure_window(probe, platform::display::XWindowOf(frame), XCB_CONFIG_WINDOW_STACK_MODE,
                          &above);
     xcb_flush(probe);
-    EXPECT_TRUE(RunUntil([&] { return ShownAt(frame, middle) == DisplayColour(kRed); }));
+    EXPECT_TRUE(PumpUntil([&] { return ShownAt(frame, middle) == DisplayColour(kRed); }));
     // Uncovered parts of the frame are its own too.
     EXPECT_EQ(ShownAt(frame, POINT{middle.x + 200, middle.y}), DisplayColour(kRed));
 
@@ -162,14 +123,14 @@ TEST_F(X11OverlapTest, AWindowLyingOverAnotherDoesNotShowInTheLowerOnesXWindow) 
     // window as well.
     g_colours[frame] = kGreen;
     InvalidateRect(frame, nullptr, TRUE);
-    EXPECT_TRUE(RunUntil([&] { return ShownAt(frame, middle) == DisplayColour(kGreen); }));
+    EXPECT_TRUE(PumpUntil([&] { return ShownAt(frame, middle) == DisplayColour(kGreen); }));
     EXPECT_EQ(ShownAt(frame, POINT{middle.x + 200, middle.y}), DisplayColour(kGreen));
 
     // Once the other window has gone the frame is copied as it stands.
     DestroyWindow(over);
     g_colours[frame] = kRed;
     InvalidateRect(frame, nullptr, TRUE);
-    EXPECT_TRUE(RunUntil([&] { return ShownAt(frame, middle) == DisplayColour(kRed); }));
+    EXPECT_TRUE(PumpUntil([&] { return ShownAt(frame, middle) == DisplayColour(kRed); }));
 }
 
 TEST_F(X11OverlapTest, KeysGoToTheFocusInsideTheWindowTheyWereTypedInto) {
@@ -185,7 +146,7 @@ TEST_F(X11OverlapTest, KeysGoToTheFocusInsideTheWindowTheyWereTypedInto) {
     g_focusChild[second] = secondEdit;
     SetActiveWindow(first);
     SetActiveWindow(second);
-    ASSERT_TRUE(RunUntil([&] {
+    ASSERT_TRUE(PumpUntil([&] {
         return platform::display::XWindowOf(first) && platform::display::XWindowOf(second);
     }));
     ASSERT_EQ(GetFocus(), secondEdit);
@@ -199,7 +160,7 @@ TEST_F(X11OverlapTest, KeysGoToTheFocusInsideTheWindowTheyWereTypedInto) {
         GetWindowText(edit, buffer, 32);
         return std::u16string(buffer);
     };
-    EXPECT_TRUE(RunUntil([&] { return text(firstEdit) == u"q"; }));
+    EXPECT_TRUE(PumpUntil([&] { return text(firstEdit) == u"q"; }));
     EXPECT_EQ(GetActiveWindow(), first);
     EXPECT_EQ(GetFocus(), firstEdit);
     EXPECT_EQ(text(secondEdit), u"");

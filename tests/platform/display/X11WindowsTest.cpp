@@ -2,7 +2,7 @@
 // mouse's buttons and double clicks, resizing from the display, and owned
 // windows kept above their owners.
 #ifdef WIN_TEST_HAVE_XCB
-#include "XvfbServer.h"
+#include "XvfbFixture.h"
 
 #include <platform/Display.h>
 #include <platform/MessagePump.h>
@@ -11,8 +11,6 @@
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>
 
-#include <chrono>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -47,17 +45,12 @@ LRESULT RecordingWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPara
     }
 }
 
-class X11WindowsTest : public testing::Test {
+class X11WindowsTest : public testing_support::XvfbFixture<> {
 protected:
     void SetUp() override {
-        if (!testing_support::XvfbServer::Installed())
-            GTEST_SKIP() << "Xvfb is not installed";
-        server = std::make_unique<testing_support::XvfbServer>();
-        ASSERT_FALSE(server->Name().empty()) << "Xvfb did not start";
-        std::string error;
-        ASSERT_TRUE(platform::display::OpenX11(server->Name().c_str(), &error)) << error;
-        probe = xcb_connect(server->Name().c_str(), nullptr);
-        ASSERT_FALSE(xcb_connection_has_error(probe));
+        XvfbFixture::SetUp();
+        if (IsSkipped() || HasFatalFailure())
+            return;
         WNDCLASS wc{};
         wc.style = kClassDoubleClicks;
         wc.lpfnWndProc = RecordingWindowProc;
@@ -72,9 +65,7 @@ protected:
         for (HWND hwnd : windows)
             if (IsWindow(hwnd))
                 DestroyWindow(hwnd);
-        platform::display::Close();
-        if (probe)
-            xcb_disconnect(probe);
+        XvfbFixture::TearDown();
     }
 
     HWND Open(const char16_t* title, int x, int y, int width, int height, HWND owner) {
@@ -85,29 +76,6 @@ protected:
         return hwnd;
     }
 
-    bool RunUntil(const std::function<bool()>& done) {
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-        while (std::chrono::steady_clock::now() < deadline) {
-            MSG msg;
-            while (PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE)) {
-                TranslateMessage(&msg);
-                DispatchMessage(&msg);
-            }
-            platform::display::Update();
-            if (done())
-                return true;
-            if (!platform::display::WaitForInput(20))
-                return done();
-        }
-        return false;
-    }
-
-    int Run(const std::string& command) {
-        return testing_support::RunOnDisplay(server->Name(), command);
-    }
-
-    std::unique_ptr<testing_support::XvfbServer> server;
-    xcb_connection_t* probe = nullptr;
     std::vector<HWND> windows;
 };
 
@@ -115,7 +83,7 @@ TEST_F(X11WindowsTest, ButtonsAndDoubleClicksArriveInClientCoordinates) {
     if (Run("xdotool version") != 0)
         GTEST_SKIP() << "xdotool is not installed";
     HWND hwnd = Open(u"Mouse", 40, 30, 300, 200, nullptr);
-    ASSERT_TRUE(RunUntil([&] { return platform::display::XWindowOf(hwnd) != 0; }));
+    ASSERT_TRUE(PumpUntil([&] { return platform::display::XWindowOf(hwnd) != 0; }));
     const std::string window = std::to_string(platform::display::XWindowOf(hwnd));
     POINT origin{0, 0};
     ClientToScreen(hwnd, &origin);
@@ -125,7 +93,7 @@ TEST_F(X11WindowsTest, ButtonsAndDoubleClicksArriveInClientCoordinates) {
     ASSERT_EQ(Run("xdotool mousemove --window " + window + " " + at +
                   " click 3 click --repeat 2 --delay 50 1"),
               0);
-    ASSERT_TRUE(RunUntil([] { return g_seen.size() >= 6; }));
+    ASSERT_TRUE(PumpUntil([] { return g_seen.size() >= 6; }));
     const UINT expected[] = {WM_RBUTTONDOWN, WM_RBUTTONUP,     WM_LBUTTONDOWN,
                              WM_LBUTTONUP,   WM_LBUTTONDBLCLK, WM_LBUTTONUP};
     ASSERT_EQ(g_seen.size(), 6u);
@@ -142,13 +110,13 @@ TEST_F(X11WindowsTest, ButtonsAndDoubleClicksArriveInClientCoordinates) {
 
 TEST_F(X11WindowsTest, ResizingOnTheDisplayResizesTheWindowThroughWmSize) {
     HWND hwnd = Open(u"Sized", 10, 10, 200, 150, nullptr);
-    ASSERT_TRUE(RunUntil([&] { return platform::display::XWindowOf(hwnd) != 0; }));
+    ASSERT_TRUE(PumpUntil([&] { return platform::display::XWindowOf(hwnd) != 0; }));
     g_sizes.clear();
     const uint32_t size[] = {320, 240};
     xcb_configure_window(probe, platform::display::XWindowOf(hwnd),
                          XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size);
     xcb_flush(probe);
-    ASSERT_TRUE(RunUntil([] { return !g_sizes.empty(); }));
+    ASSERT_TRUE(PumpUntil([] { return !g_sizes.empty(); }));
     RECT rect, client;
     GetWindowRect(hwnd, &rect);
     GetClientRect(hwnd, &client);
@@ -158,7 +126,7 @@ TEST_F(X11WindowsTest, ResizingOnTheDisplayResizesTheWindowThroughWmSize) {
     EXPECT_EQ(g_sizes.back().second, client.bottom);
     // The program's own resize goes the other way, to the display.
     SetWindowPos(hwnd, nullptr, 0, 0, 260, 180, SWP_NOMOVE | SWP_NOZORDER);
-    ASSERT_TRUE(RunUntil([&] {
+    ASSERT_TRUE(PumpUntil([&] {
         xcb_get_geometry_reply_t* g = xcb_get_geometry_reply(
             probe, xcb_get_geometry(probe, platform::display::XWindowOf(hwnd)), nullptr);
         const bool done = g && g->width == 260 && g->height == 180;
@@ -170,7 +138,7 @@ TEST_F(X11WindowsTest, ResizingOnTheDisplayResizesTheWindowThroughWmSize) {
 TEST_F(X11WindowsTest, OwnedWindowsAreTransientForTheirOwnerAndHiddenOnesUnmapped) {
     HWND owner = Open(u"Owner", 10, 10, 400, 300, nullptr);
     HWND owned = Open(u"Owned", 60, 60, 200, 100, owner);
-    ASSERT_TRUE(RunUntil([&] {
+    ASSERT_TRUE(PumpUntil([&] {
         return platform::display::XWindowOf(owner) && platform::display::XWindowOf(owned);
     }));
     xcb_get_property_reply_t* reply =
@@ -185,7 +153,7 @@ TEST_F(X11WindowsTest, OwnedWindowsAreTransientForTheirOwnerAndHiddenOnesUnmappe
     free(reply);
 
     ShowWindow(owned, SW_HIDE);
-    ASSERT_TRUE(RunUntil([&] {
+    ASSERT_TRUE(PumpUntil([&] {
         xcb_get_window_attributes_reply_t* a = xcb_get_window_attributes_reply(
             probe, xcb_get_window_attributes(probe, platform::display::XWindowOf(owned)), nullptr);
         const bool unmapped = a && a->map_state == XCB_MAP_STATE_UNMAPPED;
