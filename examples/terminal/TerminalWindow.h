@@ -63,6 +63,8 @@ public:
     bool Ended() const { return m_ended; }
     // The program's exit code as a shell reports it; -1 until it ended.
     int ExitCode() const { return m_exitCode; }
+    // Set when the window was closed while the program still ran.
+    bool ClosedByUser() const { return m_closedByUser; }
     // Every byte read from the program so far.
     std::size_t BytesReceived() const { return m_bytesReceived; }
     // The size in cells the program was last told.
@@ -133,6 +135,7 @@ private:
     std::size_t m_bytesReceived = 0;
     bool m_outputArrived = false;
     bool m_ended = false;
+    bool m_closedByUser = false;
     int m_exitCode = -1;
     int m_windowRows = 24;
     int m_windowColumns = 80;
