@@ -15,12 +15,6 @@
 #include <string>
 #include <vector>
 
-// The middle button's release, as the original platform numbers it: the
-// platform's headers do not name the middle button's messages yet.
-#ifndef WM_MBUTTONUP
-#define WM_MBUTTONUP 0x0208
-#endif
-
 class TerminalWindow : public CWnd {
 public:
     // The shortcut menu's commands.
