@@ -112,11 +112,18 @@ check_alive() {
 }
 
 # The host's own counts: SIGUSR1 asks for them at the next message. Another
-# program takes the clipboard first, so the host holds no copied text.
+# program takes the clipboard first and the host pastes from it, so the host
+# holds no copied text of its own and one block of the other's, whatever the
+# last clipboard action was. (xclip stays in the background serving the
+# selection: its output must not hold the caller's pipe open.)
 host_counts() {
     local before
-    printf 'sample' | timeout 10 xclip -selection clipboard -i
+    printf 'sample' | timeout 10 xclip -selection clipboard -i >/dev/null 2>&1
     sleep 0.3
+    prompt
+    xdotool key ctrl+shift+v
+    sleep 0.3
+    prompt
     before=$(grep -c 'counts now:' "$dir/host.err")
     kill -USR1 "$host_pid"
     for _ in $(seq 100); do
@@ -268,7 +275,7 @@ act_resize() {
 act_paste_in() {
     local word="pasted-$RANDOM"
     prompt
-    printf 'echo %s' "$word" | timeout 10 xclip -selection clipboard -i
+    printf 'echo %s' "$word" | timeout 10 xclip -selection clipboard -i >/dev/null 2>&1
     sleep 0.1
     if ((RANDOM % 2)); then
         xdotool key ctrl+shift+v
@@ -355,9 +362,9 @@ if ! [[ "$after" =~ ^windows\ 0,\ pens\ 0,\ brushes\ 0,\ fonts\ [0-2],\ bitmaps\
 fi
 
 echo "terminal-window: $seconds s, seed $seed, display $DISPLAY, log $dir"
-printf 'actions: %d (' "$actions_done"
-for k in $(printf '%s\n' "${!done_count[@]}" | sort); do printf '%s %d, ' "$k" "${done_count[$k]}"; done
-printf ')\n'
+kinds=""
+for k in $(printf '%s\n' "${!done_count[@]}" | sort); do kinds+="$k ${done_count[$k]}, "; done
+echo "actions: $actions_done (${kinds%, })"
 echo "answers: $((alive_checked - alive_failed)) of $alive_checked ($recovered after ending a stuck program)"
 echo "host objects early: $early_counts"
 echo "host objects late:  $late_counts"
