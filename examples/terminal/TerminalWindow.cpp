@@ -314,6 +314,7 @@ void TerminalWindow::OnDestroy() {
         if (m_pty.Descriptor() >= 0)
             platform::display::UnwatchDescriptor(m_pty.Descriptor());
         m_ended = true;
+        m_closedByUser = true;
         m_pty.HangUp();
         m_exitCode = m_pty.Finish();
     }

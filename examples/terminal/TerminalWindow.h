@@ -16,12 +16,6 @@
 #include <string>
 #include <vector>
 
-// The middle button's release, as the original platform numbers it: the
-// platform's headers do not name the middle button's messages yet.
-#ifndef WM_MBUTTONUP
-#define WM_MBUTTONUP 0x0208
-#endif
-
 class TerminalWindow : public CWnd {
 public:
     // The shortcut menu's commands.
@@ -64,6 +58,8 @@ public:
     bool Ended() const { return m_ended; }
     // The program's exit code as a shell reports it; -1 until it ended.
     int ExitCode() const { return m_exitCode; }
+    // Set when the window was closed while the program still ran.
+    bool ClosedByUser() const { return m_closedByUser; }
     // Every byte read from the program so far.
     std::size_t BytesReceived() const { return m_bytesReceived; }
     // The size in cells the program was last told.
@@ -149,6 +145,7 @@ private:
     std::size_t m_bytesReceived = 0;
     bool m_outputArrived = false;
     bool m_ended = false;
+    bool m_closedByUser = false;
     int m_exitCode = -1;
     int m_windowRows = 24;
     int m_windowColumns = 80;

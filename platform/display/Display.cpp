@@ -89,6 +89,12 @@ bool WaitForInput(int timeoutMs) {
         PostQuitMessage(1);
         return false;
     }
+    // What that input became (a posted message, a window to paint) is for the
+    // loop to handle now: it may be the last thing the display sends for a
+    // while, so waiting would stall it.
+    MSG pending;
+    if (PeekMessage(&pending, nullptr, 0, 0, PM_NOREMOVE))
+        timeoutMs = 0;
     if (fds.empty())
         return true;
     int ready = poll(fds.data(), fds.size(), timeoutMs);

@@ -14,6 +14,7 @@ constexpr int kDoubleClickSlop = 2;         // pixels either way
 
 struct LastPress {
     HWND target = nullptr;
+    MouseButton button = MouseButton::Left;
     POINT where{};
     unsigned time = 0;
     bool valid = false;
@@ -50,19 +51,6 @@ HWND Target(HWND top, POINT desktop, POINT* client) {
     return target;
 }
 
-WPARAM Keys(bool leftDown, bool rightDown, bool shift, bool control) {
-    WPARAM keys = 0;
-    if (leftDown)
-        keys |= MK_LBUTTON;
-    if (rightDown)
-        keys |= MK_RBUTTON;
-    if (shift)
-        keys |= MK_SHIFT;
-    if (control)
-        keys |= MK_CONTROL;
-    return keys;
-}
-
 } // namespace
 
 HWND WindowUnderPoint(HWND top, POINT desktop) {
@@ -73,44 +61,45 @@ HWND WindowUnderPoint(HWND top, POINT desktop) {
     return Deepest(manager, window, desktop)->handle;
 }
 
-void PostButton(HWND top, POINT desktop, MouseButton button, bool down, bool shift, bool control,
+void PostButton(HWND top, POINT desktop, MouseButton button, bool down, WPARAM keys,
                 unsigned time) {
     POINT client{};
     HWND target = Target(top, desktop, &client);
     if (!target)
         return;
     SetCursorPos(desktop.x, desktop.y);
-    const bool left = button == MouseButton::Left;
     UINT message = 0;
-    if (left && down) {
+    if (button == MouseButton::Right) {
+        message = down ? WM_RBUTTONDOWN : WM_RBUTTONUP;
+    } else if (!down) {
+        message = button == MouseButton::Left ? WM_LBUTTONUP : WM_MBUTTONUP;
+    } else {
         LastPress& last = Last();
         const Window* window = WindowManager::Instance().Find(target);
         const bool wantsDouble =
             window && window->windowClass && (window->windowClass->wc.style & kClassDoubleClicks);
-        const bool isDouble = last.valid && last.target == target &&
+        const bool isDouble = last.valid && last.target == target && last.button == button &&
                               time - last.time <= kDoubleClickTime &&
                               std::abs(desktop.x - last.where.x) <= kDoubleClickSlop &&
                               std::abs(desktop.y - last.where.y) <= kDoubleClickSlop;
-        message = isDouble && wantsDouble ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN;
+        const bool left = button == MouseButton::Left;
+        if (isDouble && wantsDouble)
+            message = left ? WM_LBUTTONDBLCLK : WM_MBUTTONDBLCLK;
+        else
+            message = left ? WM_LBUTTONDOWN : WM_MBUTTONDOWN;
         // A third press starts over.
-        last = isDouble ? LastPress{} : LastPress{target, desktop, time, true};
-    } else if (left) {
-        message = WM_LBUTTONUP;
-    } else {
-        message = down ? WM_RBUTTONDOWN : WM_RBUTTONUP;
+        last = isDouble ? LastPress{} : LastPress{target, button, desktop, time, true};
     }
-    PostMessage(target, message, Keys(left && down, !left && down, shift, control),
-                MAKELPARAM(client.x, client.y));
+    PostMessage(target, message, keys, MAKELPARAM(client.x, client.y));
 }
 
-void PostMove(HWND top, POINT desktop, bool leftDown, bool rightDown) {
+void PostMove(HWND top, POINT desktop, WPARAM keys) {
     POINT client{};
     HWND target = Target(top, desktop, &client);
     if (!target)
         return;
     SetCursorPos(desktop.x, desktop.y);
-    PostMessage(target, WM_MOUSEMOVE, Keys(leftDown, rightDown, false, false),
-                MAKELPARAM(client.x, client.y));
+    PostMessage(target, WM_MOUSEMOVE, keys, MAKELPARAM(client.x, client.y));
 }
 
 } // namespace platform::user

@@ -8,19 +8,20 @@
 
 namespace platform::user {
 
-enum class MouseButton : unsigned char { Left, Right };
+enum class MouseButton : unsigned char { Left, Right, Middle };
 
 // The deepest shown, enabled window under a desktop point inside top, or
 // top itself; null when the point is outside top.
 HWND WindowUnderPoint(HWND top, POINT desktop);
 
-// A button going down or up at a desktop point inside top. time is in
-// milliseconds on the pointer's own clock; a second press of the left button
-// soon after the first, near it, on a window whose class asks for double
-// clicks, becomes WM_LBUTTONDBLCLK.
-void PostButton(HWND top, POINT desktop, MouseButton button, bool down, bool shift, bool control,
-                unsigned time);
-// The pointer moving to a desktop point inside top.
-void PostMove(HWND top, POINT desktop, bool leftDown, bool rightDown);
+// A button going down or up at a desktop point inside top. keys is the MK_
+// state after the event (the buttons held, this one included while it is
+// down, and Shift and Ctrl). time is in milliseconds on the pointer's own
+// clock; a second press of the left or middle button soon after the first,
+// near it, on a window whose class asks for double clicks, becomes
+// WM_LBUTTONDBLCLK or WM_MBUTTONDBLCLK.
+void PostButton(HWND top, POINT desktop, MouseButton button, bool down, WPARAM keys, unsigned time);
+// The pointer moving to a desktop point inside top, with the MK_ state.
+void PostMove(HWND top, POINT desktop, WPARAM keys);
 
 } // namespace platform::user

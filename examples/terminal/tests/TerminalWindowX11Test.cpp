@@ -6,6 +6,9 @@
 #include "platform/display/XvfbFixture.h"
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <unistd.h>
 
 namespace {
 
@@ -57,6 +60,33 @@ TEST_F(TerminalWindowX11Test, KeysTypedOnTheDisplayAppearOnTheScreen) {
     for (uint32_t p : shown)
         textPixels += p == 0xD8D8D8;
     EXPECT_GT(textPixels, 100u);
+}
+
+TEST_F(TerminalWindowX11Test, TheMiddleButtonPastesAnotherProgramsClipboard) {
+    if (std::system("command -v xclip >/dev/null 2>&1") != 0)
+        GTEST_SKIP() << "xclip is not installed";
+    ASSERT_TRUE(Open({"sh", "-c", "echo ready; read x; echo got:$x; sleep 10"}));
+    ASSERT_TRUE(WaitFor("ready"));
+    unsigned xid = 0;
+    ASSERT_TRUE(RunUntil([&] {
+        platform::display::Update();
+        return (xid = platform::display::XWindowOf(*window)) != 0;
+    }));
+    const std::string id = std::to_string(xid);
+    const auto text = std::filesystem::temp_directory_path() /
+                      ("terminal-middle-" + std::to_string(getpid()) + ".txt");
+    std::ofstream(text) << "from the middle";
+    const int put = testing_support::RunOnDisplay(server->Name(),
+                                                  "xclip -selection clipboard -i " + text.string());
+    std::filesystem::remove(text);
+    ASSERT_EQ(put, 0);
+    ASSERT_EQ(testing_support::RunOnDisplay(server->Name(), "xdotool windowfocus --sync " + id +
+                                                                " mousemove --window " + id +
+                                                                " 60 80 click 2"),
+              0);
+    ASSERT_TRUE(WaitFor("from the middle")) << ScreenText();
+    ASSERT_EQ(testing_support::RunOnDisplay(server->Name(), "xdotool key Return"), 0);
+    EXPECT_TRUE(WaitFor("got:from the middle")) << ScreenText();
 }
 
 } // namespace

@@ -17,6 +17,22 @@ namespace {
 constexpr uint16_t kShiftMask = XCB_MOD_MASK_SHIFT;
 constexpr uint16_t kControlMask = XCB_MOD_MASK_CONTROL;
 
+// The MK_ state of a pointer event's modifier and button mask.
+WPARAM MouseKeys(uint16_t state) {
+    WPARAM keys = 0;
+    if (state & XCB_BUTTON_MASK_1)
+        keys |= MK_LBUTTON;
+    if (state & XCB_BUTTON_MASK_2)
+        keys |= MK_MBUTTON;
+    if (state & XCB_BUTTON_MASK_3)
+        keys |= MK_RBUTTON;
+    if (state & kShiftMask)
+        keys |= MK_SHIFT;
+    if (state & kControlMask)
+        keys |= MK_CONTROL;
+    return keys;
+}
+
 } // namespace
 
 bool X11Backend::ProcessInput() {
@@ -47,18 +63,24 @@ void X11Backend::Handle(xcb_generic_event_t* event) {
     case XCB_BUTTON_PRESS:
     case XCB_BUTTON_RELEASE: {
         auto* button = reinterpret_cast<xcb_button_press_event_t*>(event);
-        // Buttons 4 and up are the wheel and extra buttons.
-        if (button->detail != 1 && button->detail != 3)
+        // Buttons 1 to 3 are left, middle and right; 4 and up are the wheel
+        // and extra buttons.
+        if (button->detail < 1 || button->detail > 3)
             break;
         HWND hwnd = FindByWindow(button->event);
         if (!hwnd)
             break;
         const RECT& rect = m_shown[hwnd].rect;
         POINT desktop{rect.left + button->event_x, rect.top + button->event_y};
-        user::PostButton(hwnd, desktop,
-                         button->detail == 1 ? user::MouseButton::Left : user::MouseButton::Right,
-                         type == XCB_BUTTON_PRESS, button->state & kShiftMask,
-                         button->state & kControlMask, button->time);
+        static constexpr user::MouseButton kButtons[] = {
+            user::MouseButton::Left, user::MouseButton::Middle, user::MouseButton::Right};
+        static constexpr WPARAM kButtonKeys[] = {MK_LBUTTON, MK_MBUTTON, MK_RBUTTON};
+        const bool down = type == XCB_BUTTON_PRESS;
+        // The event's state is the one before it: this button goes down or up.
+        WPARAM keys = MouseKeys(button->state);
+        const WPARAM mine = kButtonKeys[button->detail - 1];
+        keys = down ? keys | mine : keys & ~mine;
+        user::PostButton(hwnd, desktop, kButtons[button->detail - 1], down, keys, button->time);
         break;
     }
     case XCB_MOTION_NOTIFY: {
@@ -68,7 +90,7 @@ void X11Backend::Handle(xcb_generic_event_t* event) {
             break;
         const RECT& rect = m_shown[hwnd].rect;
         user::PostMove(hwnd, POINT{rect.left + motion->event_x, rect.top + motion->event_y},
-                       motion->state & XCB_BUTTON_MASK_1, motion->state & XCB_BUTTON_MASK_3);
+                       MouseKeys(motion->state));
         break;
     }
     case XCB_EXPOSE:

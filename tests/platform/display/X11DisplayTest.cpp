@@ -15,6 +15,7 @@
 #include <cstdlib>
 #include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -73,6 +74,21 @@ protected:
         const bool viewable = reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
         free(reply);
         return viewable;
+    }
+
+    // The window manager's close of an X window: WM_DELETE_WINDOW, sent once
+    // the probe's earlier requests are done.
+    void SendClose(unsigned window) {
+        auto atom = [&](const char* name) { return testing_support::InternAtom(probe, name); };
+        xcb_client_message_event_t message{};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        message.window = window;
+        message.type = atom("WM_PROTOCOLS");
+        message.data.data32[0] = atom("WM_DELETE_WINDOW");
+        free(xcb_request_check(probe,
+                               xcb_send_event_checked(probe, 0, window, XCB_EVENT_MASK_NO_EVENT,
+                                                      reinterpret_cast<const char*>(&message))));
     }
 
     std::u16string NameText() {
@@ -211,17 +227,7 @@ TEST_F(X11DisplayTest, TypedKeysReachTheEditAndAClickReachesTheButton) {
 TEST_F(X11DisplayTest, TheWindowManagersCloseBecomesWmClose) {
     ASSERT_TRUE(OpenDialog());
     ASSERT_TRUE(RunUntil([&] { return platform::display::XWindowOf(dialog) != 0; }));
-    const unsigned window = platform::display::XWindowOf(dialog);
-    auto atom = [&](const char* name) { return testing_support::InternAtom(probe, name); };
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = window;
-    message.type = atom("WM_PROTOCOLS");
-    message.data.data32[0] = atom("WM_DELETE_WINDOW");
-    xcb_send_event(probe, 0, window, XCB_EVENT_MASK_NO_EVENT,
-                   reinterpret_cast<const char*>(&message));
-    xcb_flush(probe);
+    SendClose(platform::display::XWindowOf(dialog));
     // A dialog's WM_CLOSE is its Cancel button.
     EXPECT_TRUE(RunUntil([] { return !g_commands.empty(); }));
     ASSERT_EQ(g_commands.size(), 1u);
@@ -229,6 +235,24 @@ TEST_F(X11DisplayTest, TheWindowManagersCloseBecomesWmClose) {
     EXPECT_FALSE(IsWindow(dialog));
     // The window went, and so does its X window.
     EXPECT_TRUE(RunUntil([&] { return platform::display::XWindowOf(dialog) == 0; }));
+}
+
+TEST_F(X11DisplayTest, InputReadBeforeTheWaitIsHandledWithoutWaitingForMore) {
+    ASSERT_TRUE(OpenDialog());
+    ASSERT_TRUE(RunUntil([&] { return platform::display::XWindowOf(dialog) != 0; }));
+    // Everything the display had to say so far is handled.
+    const auto settled = std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
+    RunUntil([&] { return std::chrono::steady_clock::now() > settled; });
+    SendClose(platform::display::XWindowOf(dialog));
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    // The close is the last event for a while: the wait reads it, posts
+    // WM_CLOSE and returns for the loop to handle it, rather than waiting
+    // for another event first.
+    const auto start = std::chrono::steady_clock::now();
+    platform::display::WaitForInput(5000);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    MSG msg;
+    ASSERT_TRUE(PeekMessage(&msg, dialog, WM_CLOSE, WM_CLOSE, PM_NOREMOVE));
 }
 
 TEST_F(X11DisplayTest, TheDisplayGoingAwayEndsTheLoopCleanly) {

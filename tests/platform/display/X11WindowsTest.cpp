@@ -22,6 +22,7 @@ struct Seen {
     UINT message;
     int x;
     int y;
+    WPARAM keys;
 };
 
 std::vector<Seen> g_seen;
@@ -34,8 +35,11 @@ LRESULT RecordingWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPara
     case WM_LBUTTONDBLCLK:
     case WM_RBUTTONDOWN:
     case WM_RBUTTONUP:
-        g_seen.push_back(
-            Seen{message, static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONUP:
+    case WM_MBUTTONDBLCLK:
+        g_seen.push_back(Seen{message, static_cast<short>(LOWORD(lParam)),
+                              static_cast<short>(HIWORD(lParam)), wParam});
         return 0;
     case WM_SIZE:
         g_sizes.emplace_back(LOWORD(lParam), HIWORD(lParam));
@@ -106,6 +110,51 @@ TEST_F(X11WindowsTest, ButtonsAndDoubleClicksArriveInClientCoordinates) {
     GetCursorPos(&cursor);
     EXPECT_EQ(cursor.x, origin.x + 50);
     EXPECT_EQ(cursor.y, origin.y + 40);
+}
+
+TEST_F(X11WindowsTest, TheMiddleButtonItsDoubleClickAndTheHeldKeysArrive) {
+    if (Run("xdotool version") != 0)
+        GTEST_SKIP() << "xdotool is not installed";
+    HWND hwnd = Open(u"Middle", 40, 30, 300, 200, nullptr);
+    ASSERT_TRUE(RunUntil([&] { return platform::display::XWindowOf(hwnd) != 0; }));
+    const std::string window = std::to_string(platform::display::XWindowOf(hwnd));
+    POINT origin{0, 0};
+    ClientToScreen(hwnd, &origin);
+    const std::string at =
+        std::to_string(origin.x - 40 + 60) + " " + std::to_string(origin.y - 30 + 30);
+    // A double click of the middle button; then a left click followed at once
+    // by a middle one, which is no double click; then a middle click with
+    // Shift and the left button held.
+    ASSERT_EQ(Run("xdotool mousemove --window " + window + " " + at +
+                  " click --repeat 2 --delay 50 2 click 1 click 2"),
+              0);
+    ASSERT_EQ(Run("xdotool keydown shift mousedown 1 click 2 mouseup 1 keyup shift"), 0);
+    ASSERT_TRUE(RunUntil([] { return g_seen.size() >= 12; }));
+    struct Expected {
+        UINT message;
+        WPARAM keys;
+    };
+    const Expected expected[] = {
+        {WM_MBUTTONDOWN, MK_MBUTTON},
+        {WM_MBUTTONUP, 0},
+        {WM_MBUTTONDBLCLK, MK_MBUTTON},
+        {WM_MBUTTONUP, 0},
+        {WM_LBUTTONDOWN, MK_LBUTTON},
+        {WM_LBUTTONUP, 0},
+        {WM_MBUTTONDOWN, MK_MBUTTON},
+        {WM_MBUTTONUP, 0},
+        {WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT},
+        {WM_MBUTTONDOWN, MK_LBUTTON | MK_MBUTTON | MK_SHIFT},
+        {WM_MBUTTONUP, MK_LBUTTON | MK_SHIFT},
+        {WM_LBUTTONUP, MK_SHIFT},
+    };
+    ASSERT_EQ(g_seen.size(), std::size(expected));
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        EXPECT_EQ(g_seen[i].message, expected[i].message) << i;
+        EXPECT_EQ(g_seen[i].keys, expected[i].keys) << i;
+        EXPECT_EQ(g_seen[i].x, 60) << i;
+        EXPECT_EQ(g_seen[i].y, 30) << i;
+    }
 }
 
 TEST_F(X11WindowsTest, ResizingOnTheDisplayResizesTheWindowThroughWmSize) {
