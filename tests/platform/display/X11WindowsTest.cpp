@@ -116,7 +116,7 @@ TEST_F(X11WindowsTest, TheMiddleButtonItsDoubleClickAndTheHeldKeysArrive) {
     if (Run("xdotool version") != 0)
         GTEST_SKIP() << "xdotool is not installed";
     HWND hwnd = Open(u"Middle", 40, 30, 300, 200, nullptr);
-    ASSERT_TRUE(RunUntil([&] { return platform::display::XWindowOf(hwnd) != 0; }));
+    ASSERT_TRUE(PumpUntil([&] { return platform::display::XWindowOf(hwnd) != 0; }));
     const std::string window = std::to_string(platform::display::XWindowOf(hwnd));
     POINT origin{0, 0};
     ClientToScreen(hwnd, &origin);
@@ -129,7 +129,7 @@ TEST_F(X11WindowsTest, TheMiddleButtonItsDoubleClickAndTheHeldKeysArrive) {
                   " click --repeat 2 --delay 50 2 click 1 click 2"),
               0);
     ASSERT_EQ(Run("xdotool keydown shift mousedown 1 click 2 mouseup 1 keyup shift"), 0);
-    ASSERT_TRUE(RunUntil([] { return g_seen.size() >= 12; }));
+    ASSERT_TRUE(PumpUntil([] { return g_seen.size() >= 12; }));
     struct Expected {
         UINT message;
         WPARAM keys;
