@@ -2,7 +2,8 @@
 // that nothing covers is copied from the desktop surface as it stands; one
 // that others lie over is painted afresh onto a picture of its own, with its
 // owned popups that lie in it, whenever the parts of it that show change.
-// Either way only the rows that differ from what the X window holds are sent.
+// Either way only the changed columns of the rows that differ from what the X
+// window holds are sent.
 #include "display/x11/X11Backend.h"
 
 #include "gdi/DeviceContext.h"
@@ -166,30 +167,58 @@ void X11Backend::SendRows(Shown& shown, const uint32_t* pixels, int stride, int 
     const std::size_t rowBytes = static_cast<std::size_t>(width) * 4;
     const int rowsPerRequest = std::max(
         1, static_cast<int>((m_maxRequestBytes - 64) / std::max<std::size_t>(rowBytes, 1)));
-    // Takes a row into what the window holds and tells whether it changed.
-    auto refresh = [&](int y) {
+    // Takes a row into what the window holds and tells whether it changed,
+    // widening [left, right) to the columns that did.
+    auto refresh = [&](int y, int& left, int& right) {
         const uint32_t* row = pixels + static_cast<std::ptrdiff_t>(y) * stride;
         uint32_t* kept = shown.sent.data() + static_cast<std::size_t>(y) * width;
-        if (!fresh && std::memcmp(kept, row, rowBytes) == 0)
+        if (fresh) {
+            std::memcpy(kept, row, rowBytes);
+            left = 0;
+            right = width;
+            return true;
+        }
+        if (std::memcmp(kept, row, rowBytes) == 0)
             return false;
-        std::memcpy(kept, row, rowBytes);
+        int from = 0, to = width;
+        while (kept[from] == row[from])
+            ++from;
+        while (kept[to - 1] == row[to - 1])
+            --to;
+        std::memcpy(kept + from, row + from, static_cast<std::size_t>(to - from) * 4);
+        left = std::min(left, from);
+        right = std::max(right, to);
         return true;
     };
     const int last = fresh ? height : std::min(height, end);
     int y = fresh ? 0 : std::max(0, first);
+    std::vector<uint32_t> block;
     while (y < last) {
-        if (!refresh(y)) {
+        int left = width, right = 0;
+        if (!refresh(y, left, right)) {
             ++y;
             continue;
         }
         int next = y + 1;
-        while (next < last && next - y < rowsPerRequest && refresh(next))
+        while (next < last && next - y < rowsPerRequest && refresh(next, left, right))
             ++next;
+        // Only the columns that changed go: an echo is a cell or two, not
+        // whole rows.
+        const int columns = right - left;
+        const uint32_t* data = shown.sent.data() + static_cast<std::size_t>(y) * width + left;
+        if (columns < width) {
+            block.resize(static_cast<std::size_t>(columns) * (next - y));
+            for (int r = y; r < next; ++r)
+                std::memcpy(block.data() + static_cast<std::size_t>(r - y) * columns,
+                            shown.sent.data() + static_cast<std::size_t>(r) * width + left,
+                            static_cast<std::size_t>(columns) * 4);
+            data = block.data();
+        }
         xcb_put_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, shown.id, m_gc,
-                      static_cast<uint16_t>(width), static_cast<uint16_t>(next - y), 0,
-                      static_cast<int16_t>(y), 0, 24, static_cast<uint32_t>(rowBytes * (next - y)),
-                      reinterpret_cast<const uint8_t*>(shown.sent.data() +
-                                                       static_cast<std::size_t>(y) * width));
+                      static_cast<uint16_t>(columns), static_cast<uint16_t>(next - y),
+                      static_cast<int16_t>(left), static_cast<int16_t>(y), 0, 24,
+                      static_cast<uint32_t>(static_cast<std::size_t>(columns) * 4 * (next - y)),
+                      reinterpret_cast<const uint8_t*>(data));
         y = next;
     }
 }
