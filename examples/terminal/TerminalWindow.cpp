@@ -180,9 +180,7 @@ void TerminalWindow::ShowChanges() {
     }
     CRect area = m_backChanged;
     area.UnionRect(area, m_cursorShown);
-    const int row = m_screen->GetRow() - 1;
-    const int col = std::min(m_screen->GetCol(), m_screen->VisColumns()) - 1;
-    area.UnionRect(area, CRect(CellRect(row, col)));
+    area.UnionRect(area, CRect(CursorCell()));
     m_backChanged.SetRectEmpty();
     if (!area.IsRectEmpty())
         InvalidateRect(&area, FALSE);
@@ -271,11 +269,9 @@ void TerminalWindow::OnPaint() {
     dc.BitBlt(area.left, area.top, area.Width(), area.Height(), &m_backDC, area.left, area.top,
               SRCCOPY);
     // The screen draws no cursor: a bar under the cursor's cell.
-    const int row = m_screen->GetRow() - 1;
-    const int col = std::min(m_screen->GetCol(), m_screen->VisColumns()) - 1;
     m_cursorShown.SetRectEmpty();
-    if (!m_ended && m_parser->CursorVisible() && row < m_screen->VisRows()) {
-        RECT cell = CellRect(row, col);
+    if (!m_ended && m_parser->CursorVisible() && m_screen->GetRow() <= m_screen->VisRows()) {
+        const RECT cell = CursorCell();
         const int bar = std::max(2, static_cast<int>((cell.bottom - cell.top) / 8));
         dc.FillSolidRect(cell.left, cell.bottom - bar, cell.right - cell.left, bar,
                          TerminalLayout::kColours[0]);
@@ -330,6 +326,11 @@ void TerminalWindow::FitWindow(int rows, int columns) {
     AdjustWindowRect(&frame, kWindowStyle, FALSE);
     SetWindowPos(nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
                  SWP_NOMOVE | SWP_NOZORDER);
+}
+
+RECT TerminalWindow::CursorCell() {
+    const int col = std::min(m_screen->GetCol(), m_screen->VisColumns()) - 1;
+    return CellRect(m_screen->GetRow() - 1, col);
 }
 
 RECT TerminalWindow::CellRect(int row, int col) {

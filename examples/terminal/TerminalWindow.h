@@ -99,6 +99,8 @@ private:
     // columns of cells.
     void FitWindow(int rows, int columns);
     RECT CellRect(int row, int col);
+    // The cell the cursor stands in (client coordinates).
+    RECT CursorCell();
     // The one-based cell under a client point, kept inside the visible screen.
     CursorPos CellAt(int x, int y);
 

@@ -13,6 +13,15 @@ PixelSet PixelsOfColour(CDC& dc, const CRect& area, COLORREF colour) {
     return result;
 }
 
+std::vector<COLORREF> Snapshot(CDC& dc, int width, int height) {
+    std::vector<COLORREF> pixels;
+    pixels.reserve(static_cast<std::size_t>(width) * height);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            pixels.push_back(dc.GetPixel(x, y));
+    return pixels;
+}
+
 PixelSet Block(int left, int top, int right, int bottom) {
     PixelSet result;
     for (int y = top; y < bottom; ++y)

@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace testing_support {
 
@@ -16,6 +17,8 @@ PixelSet PixelsOfColour(CDC& dc, const CRect& area, COLORREF colour);
 // The pixels of the rectangle [left, right) x [top, bottom).
 PixelSet Block(int left, int top, int right, int bottom);
 PixelSet Union(const PixelSet& a, const PixelSet& b);
+// Every pixel of the top-left width x height block, row by row.
+std::vector<COLORREF> Snapshot(CDC& dc, int width, int height);
 // A readable list of the differences, for failure messages.
 std::string Describe(const PixelSet& expected, const PixelSet& actual);
 

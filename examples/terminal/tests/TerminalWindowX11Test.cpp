@@ -23,16 +23,22 @@ protected:
             GTEST_SKIP() << "xdotool is not installed";
         XvfbFixture::SetUp();
     }
+
+    // A shell that says "ready", reads a line and echoes it as "got:...",
+    // shown on the display; xid is its X window.
+    void OpenReadingLine(unsigned* xid) {
+        ASSERT_TRUE(Open({"sh", "-c", "echo ready; read x; echo got:$x; sleep 10"}));
+        ASSERT_TRUE(WaitFor("ready"));
+        ASSERT_TRUE(RunUntil([&] {
+            platform::display::Update();
+            return (*xid = platform::display::XWindowOf(*window)) != 0;
+        }));
+    }
 };
 
 TEST_F(TerminalWindowX11Test, KeysTypedOnTheDisplayAppearOnTheScreen) {
-    ASSERT_TRUE(Open({"sh", "-c", "echo ready; read x; echo got:$x; sleep 10"}));
-    ASSERT_TRUE(WaitFor("ready"));
     unsigned xid = 0;
-    ASSERT_TRUE(RunUntil([&] {
-        platform::display::Update();
-        return (xid = platform::display::XWindowOf(*window)) != 0;
-    }));
+    ASSERT_NO_FATAL_FAILURE(OpenReadingLine(&xid));
     const std::string id = std::to_string(xid);
     ASSERT_EQ(testing_support::RunOnDisplay(server->Name(), "xdotool windowfocus --sync " + id), 0);
     ASSERT_EQ(testing_support::RunOnDisplay(server->Name(), "xdotool type --delay 5 'typed on X'"),
@@ -65,13 +71,8 @@ TEST_F(TerminalWindowX11Test, KeysTypedOnTheDisplayAppearOnTheScreen) {
 TEST_F(TerminalWindowX11Test, TheMiddleButtonPastesAnotherProgramsClipboard) {
     if (std::system("command -v xclip >/dev/null 2>&1") != 0)
         GTEST_SKIP() << "xclip is not installed";
-    ASSERT_TRUE(Open({"sh", "-c", "echo ready; read x; echo got:$x; sleep 10"}));
-    ASSERT_TRUE(WaitFor("ready"));
     unsigned xid = 0;
-    ASSERT_TRUE(RunUntil([&] {
-        platform::display::Update();
-        return (xid = platform::display::XWindowOf(*window)) != 0;
-    }));
+    ASSERT_NO_FATAL_FAILURE(OpenReadingLine(&xid));
     const std::string id = std::to_string(xid);
     const auto text = std::filesystem::temp_directory_path() /
                       ("terminal-middle-" + std::to_string(getpid()) + ".txt");

@@ -17,24 +17,16 @@ namespace {
 constexpr int kWidth = 200;
 constexpr int kHeight = 120;
 
-std::vector<COLORREF> Snapshot(CDC& dc) {
-    std::vector<COLORREF> pixels;
-    for (int y = 0; y < kHeight; ++y)
-        for (int x = 0; x < kWidth; ++x)
-            pixels.push_back(dc.GetPixel(x, y));
-    return pixels;
-}
-
 // Runs draw with bounds on and checks every changed pixel lies inside them.
 void ExpectChangesInsideBounds(const char* what, const std::function<void(CDC&)>& draw) {
     Canvas canvas(kWidth, kHeight, RGB(0, 0, 64));
     CDC& dc = canvas.dc();
-    const std::vector<COLORREF> before = Snapshot(dc);
+    const std::vector<COLORREF> before = Snapshot(dc, kWidth, kHeight);
     dc.SetBoundsRect(nullptr, DCB_RESET | DCB_ENABLE);
     draw(dc);
     CRect bounds;
     const UINT state = dc.GetBoundsRect(&bounds, 0);
-    const std::vector<COLORREF> after = Snapshot(dc);
+    const std::vector<COLORREF> after = Snapshot(dc, kWidth, kHeight);
     int changed = 0, outside = 0;
     for (int y = 0; y < kHeight; ++y)
         for (int x = 0; x < kWidth; ++x) {

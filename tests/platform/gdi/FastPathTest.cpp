@@ -16,14 +16,6 @@ namespace {
 constexpr int kWidth = 160;
 constexpr int kHeight = 100;
 
-std::vector<COLORREF> Snapshot(CDC& dc) {
-    std::vector<COLORREF> pixels;
-    for (int y = 0; y < kHeight; ++y)
-        for (int x = 0; x < kWidth; ++x)
-            pixels.push_back(dc.GetPixel(x, y));
-    return pixels;
-}
-
 // Draws the same scene twice, with and without the direct paths.
 template <class Scene> void ExpectSamePixels(Scene scene) {
     std::vector<COLORREF> runs[2];
@@ -31,7 +23,7 @@ template <class Scene> void ExpectSamePixels(Scene scene) {
         platform::SetFastPaths(fast == 1);
         Canvas canvas(kWidth, kHeight, RGB(0, 0, 64));
         scene(canvas.dc());
-        runs[fast] = Snapshot(canvas.dc());
+        runs[fast] = Snapshot(canvas.dc(), kWidth, kHeight);
     }
     platform::SetFastPaths(true);
     int differences = 0;
