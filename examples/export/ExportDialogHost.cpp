@@ -16,6 +16,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 namespace {
@@ -191,7 +192,9 @@ int SecondRun() {
 } // namespace
 
 int main(int argc, char** argv) {
-    const std::string out = argc > 1 ? argv[1] : "out";
+    // An absolute profile path: a relative one names a file in the Windows
+    // directory, which the first run would not find to remove.
+    const std::string out = std::filesystem::absolute(argc > 1 ? argv[1] : "out").string();
     const bool again = argc > 2 && std::string(argv[2]) == "--again";
     ExportHostApp app(out + "/export-host.ini");
     if (!again)

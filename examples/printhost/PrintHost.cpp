@@ -265,7 +265,9 @@ int SecondRun() {
 } // namespace
 
 int main(int argc, char** argv) {
-    g_out = argc > 1 ? argv[1] : "out";
+    // An absolute profile path: a relative one names a file in the Windows
+    // directory, which the first run would not find to remove.
+    g_out = std::filesystem::absolute(argc > 1 ? argv[1] : "out").string();
     const bool again = argc > 2 && std::string(argv[2]) == "--again";
     std::filesystem::create_directories(g_out);
     if (!again)
