@@ -30,12 +30,20 @@ DeviceContext::~DeviceContext() {
 void ResetCairo(DeviceContext& dc) {
     if (dc.cr)
         cairo_destroy(dc.cr);
-    dc.cr = cairo_create(dc.surface);
-    cairo_set_antialias(dc.cr, CAIRO_ANTIALIAS_NONE);
+    dc.cr = nullptr;
+    dc.cairoSource = CLR_INVALID;
+    dc.cairoFace = nullptr;
+}
+
+cairo_t* Cairo(DeviceContext& dc) {
+    if (dc.cr)
+        return dc.cr;
+    cairo_t* cr = dc.cr = cairo_create(dc.surface);
+    cairo_set_antialias(cr, CAIRO_ANTIALIAS_NONE);
     if (dc.kind == DcKind::Printer)
-        cairo_scale(dc.cr, dc.scale, dc.scale);
+        cairo_scale(cr, dc.scale, dc.scale);
     if (dc.excluded.empty()) {
-        cairo_rectangle(dc.cr, dc.clip.left, dc.clip.top, dc.clip.right - dc.clip.left,
+        cairo_rectangle(cr, dc.clip.left, dc.clip.top, dc.clip.right - dc.clip.left,
                         dc.clip.bottom - dc.clip.top);
     } else {
         // The clip less the excluded rectangles, as disjoint rectangles.
@@ -49,14 +57,13 @@ void ResetCairo(DeviceContext& dc) {
         for (int i = 0, n = cairo_region_num_rectangles(region); i < n; ++i) {
             cairo_rectangle_int_t part;
             cairo_region_get_rectangle(region, i, &part);
-            cairo_rectangle(dc.cr, part.x, part.y, part.width, part.height);
+            cairo_rectangle(cr, part.x, part.y, part.width, part.height);
         }
         cairo_region_destroy(region);
     }
-    cairo_clip(dc.cr);
-    cairo_translate(dc.cr, dc.origin.x, dc.origin.y);
-    dc.cairoSource = CLR_INVALID;
-    dc.cairoFace = nullptr;
+    cairo_clip(cr);
+    cairo_translate(cr, dc.origin.x, dc.origin.y);
+    return cr;
 }
 
 void SetSource(DeviceContext& dc, COLORREF color) {
@@ -64,7 +71,7 @@ void SetSource(DeviceContext& dc, COLORREF color) {
     if (dc.cairoSource == color)
         return;
     dc.cairoSource = color;
-    cairo_set_source_rgb(dc.cr, GetRValue(color) / 255.0, GetGValue(color) / 255.0,
+    cairo_set_source_rgb(Cairo(dc), GetRValue(color) / 255.0, GetGValue(color) / 255.0,
                          GetBValue(color) / 255.0);
 }
 

@@ -52,6 +52,8 @@ struct Mapping {
 struct DeviceContext : GdiObject {
     DcKind kind = DcKind::Memory;
     cairo_surface_t* surface = nullptr; // the target; owned (referenced) only by printer DCs
+    // Cairo's context for the target, made on first use (see Cairo): most
+    // DCs draw through the direct pixel paths only and never need one.
     cairo_t* cr = nullptr;
     // Logical (0, 0) in device pixels, and the clip in device pixels.
     POINT origin{0, 0};
@@ -124,9 +126,12 @@ struct DeviceContext : GdiObject {
 
 DeviceContext* LookupDC(HDC hdc);
 
-// Creates the Cairo context for the current target, with the origin and clip
-// applied and anti-aliasing off.
+// Drops the Cairo context after the target, origin or clip changed; the next
+// Cairo call makes a new one.
 void ResetCairo(DeviceContext& dc);
+// The Cairo context for the current target, with the origin and clip applied
+// and anti-aliasing off; made when first asked for.
+cairo_t* Cairo(DeviceContext& dc);
 // Sets Cairo's source colour, skipping the call when it is already set.
 void SetSource(DeviceContext& dc, COLORREF color);
 

@@ -106,16 +106,17 @@ void Stroke(DeviceContext& dc, const Pen& pen, const POINT* points, int count, b
     }
     if (!close && StrokeAxisAligned(dc, pen, points, count))
         return;
-    TracePath(dc.cr, points, count, close);
+    cairo_t* cr = Cairo(dc);
+    TracePath(cr, points, count, close);
     double width = pen.width < 1 ? 1 : pen.width;
     // On a preview page a stroke keeps at least one pixel.
     if (dc.preview && width * dc.scale < 1)
         width = 1 / dc.scale;
-    cairo_set_line_width(dc.cr, width);
-    cairo_set_line_cap(dc.cr, CairoCap(pen.style));
-    cairo_set_line_join(dc.cr, CairoJoin(pen.style));
+    cairo_set_line_width(cr, width);
+    cairo_set_line_cap(cr, CairoCap(pen.style));
+    cairo_set_line_join(cr, CairoJoin(pen.style));
     SetSource(dc, pen.color);
-    cairo_stroke(dc.cr);
+    cairo_stroke(cr);
 }
 
 // Points and pen as the device draws them: under a mapping mode the points
@@ -221,11 +222,12 @@ BOOL Polygon(HDC hdc, const POINT* points, int count) {
     if (dc->mapping.Unscaled() && PolygonFromMasks(*dc, points, count))
         return TRUE;
     if (Paints(dc->brush)) {
-        TracePath(dc->cr, points, count, true);
-        cairo_set_fill_rule(dc->cr, dc->polyFillMode == WINDING ? CAIRO_FILL_RULE_WINDING
-                                                                : CAIRO_FILL_RULE_EVEN_ODD);
+        cairo_t* cr = Cairo(*dc);
+        TracePath(cr, points, count, true);
+        cairo_set_fill_rule(cr, dc->polyFillMode == WINDING ? CAIRO_FILL_RULE_WINDING
+                                                            : CAIRO_FILL_RULE_EVEN_ODD);
         SetSource(*dc, dc->brush->color);
-        cairo_fill(dc->cr);
+        cairo_fill(cr);
     }
     Stroke(*dc, path.pen, points, count, true);
     return TRUE;

@@ -3,6 +3,7 @@
 #include <cairo.h>
 
 #include <algorithm>
+#include <cstring>
 
 namespace platform::gdi {
 
@@ -48,6 +49,36 @@ void PixelAccess::Fill(int x, int y, int width, int height, COLORREF color) {
         std::fill(m_data + row * m_stride + left, m_data + row * m_stride + right, pixel);
     Touch(static_cast<int>(left), static_cast<int>(top), static_cast<int>(right),
           static_cast<int>(bottom));
+}
+
+void PixelAccess::Copy(int x, int y, int width, int height, const uint32_t* from, int stride) {
+    if (!m_data)
+        return;
+    const int left = static_cast<int>(std::max<long long>(x, m_clip.left));
+    const int top = static_cast<int>(std::max<long long>(y, m_clip.top));
+    const int right =
+        static_cast<int>(std::min<long long>(static_cast<long long>(x) + width, m_clip.right));
+    const int bottom =
+        static_cast<int>(std::min<long long>(static_cast<long long>(y) + height, m_clip.bottom));
+    if (left >= right || top >= bottom)
+        return;
+    const std::size_t bytes = static_cast<std::size_t>(right - left) * 4;
+    auto source = [&](int row) {
+        return from + static_cast<std::ptrdiff_t>(row - y) * stride + (left - x);
+    };
+    auto target = [&](int row) {
+        return m_data + static_cast<std::ptrdiff_t>(row) * m_stride + left;
+    };
+    // Rows moving down within one surface go bottom first, so none is
+    // overwritten before it is read.
+    if (target(top) > source(top)) {
+        for (int row = bottom - 1; row >= top; --row)
+            std::memmove(target(row), source(row), bytes);
+    } else {
+        for (int row = top; row < bottom; ++row)
+            std::memmove(target(row), source(row), bytes);
+    }
+    Touch(left, top, right, bottom);
 }
 
 void PixelAccess::Stamp(int x, int y, int width, int height, const unsigned char* mask,

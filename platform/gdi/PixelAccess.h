@@ -25,6 +25,10 @@ public:
     void Fill(int x, int y, int width, int height, COLORREF color);
     // Sets the pixels where mask (width x height, one byte per pixel) is non-zero.
     void Stamp(int x, int y, int width, int height, const unsigned char* mask, uint32_t pixel);
+    // Copies a block of pixels whose top-left goes to (x, y), clipped to the
+    // clip. from is the source pixel for (x, y), stride in pixels; the source
+    // may overlap this surface's own pixels.
+    void Copy(int x, int y, int width, int height, const uint32_t* from, int stride);
     // Whether the rectangle lies wholly inside the clip, so that Row may be used.
     bool Inside(int x, int y, int width, int height) const {
         return m_data && x >= m_clip.left && y >= m_clip.top && width >= 0 && height >= 0 &&

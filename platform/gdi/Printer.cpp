@@ -179,7 +179,7 @@ int EndPage(HDC hdc) {
     DeviceContext* dc = LookupPrinter(hdc);
     if (!dc || !dc->inPage)
         return SP_ERROR;
-    cairo_show_page(dc->cr);
+    cairo_show_page(Cairo(*dc));
     dc->inPage = false;
     return 1;
 }
@@ -190,8 +190,7 @@ int EndDoc(HDC hdc) {
         return SP_ERROR;
     if (dc->inPage)
         EndPage(hdc);
-    cairo_destroy(dc->cr);
-    dc->cr = nullptr;
+    ResetCairo(*dc);
     cairo_surface_finish(dc->surface);
     bool ok = cairo_surface_status(dc->surface) == CAIRO_STATUS_SUCCESS;
     dc->inDocument = false;
@@ -211,8 +210,7 @@ int AbortDoc(HDC hdc) {
     DeviceContext* dc = LookupPrinter(hdc);
     if (!dc || !dc->inDocument)
         return SP_ERROR;
-    cairo_destroy(dc->cr);
-    dc->cr = nullptr;
+    ResetCairo(*dc);
     cairo_surface_finish(dc->surface);
     dc->inDocument = false;
     dc->inPage = false;

@@ -72,7 +72,7 @@ void BlitText(DeviceContext& dc, FontInstance& font, int x, int y, const char16_
 void CairoText(DeviceContext& dc, FontInstance& font, int x, int y, const char16_t* text, int count,
                int width) {
     const TEXTMETRICW& tm = font.Metrics();
-    cairo_t* cr = dc.cr;
+    cairo_t* cr = Cairo(dc);
     if (dc.bkMode == OPAQUE) {
         SetSource(dc, dc.bkColor);
         cairo_rectangle(cr, x, y, width, tm.tmHeight);
@@ -176,12 +176,12 @@ void Output(DeviceContext& dc, int x, int y, const char16_t* text, int count, co
     const COLORREF source = dc.cairoSource;
     cairo_font_face_t* face = dc.cairoFace;
     const int ppem = dc.cairoPpem;
-    cairo_save(dc.cr);
-    cairo_rectangle(dc.cr, clip->left, clip->top, clip->right - clip->left,
-                    clip->bottom - clip->top);
-    cairo_clip(dc.cr);
+    cairo_t* cr = Cairo(dc);
+    cairo_save(cr);
+    cairo_rectangle(cr, clip->left, clip->top, clip->right - clip->left, clip->bottom - clip->top);
+    cairo_clip(cr);
     CairoText(dc, font, x, y, text, count, width);
-    cairo_restore(dc.cr);
+    cairo_restore(cr);
     dc.cairoSource = source;
     dc.cairoFace = face;
     dc.cairoPpem = ppem;

@@ -346,7 +346,7 @@ bool DrawPicture(HDC hdc, int x, int y, const IconPicture& picture, IconDraw how
     }
     cairo_surface_mark_dirty(surface);
     gdi::AddBounds(*dc, RECT{x, y, x + picture.width, y + picture.height});
-    cairo_t* cr = dc->cr;
+    cairo_t* cr = Cairo(*dc);
     cairo_save(cr);
     cairo_set_source_surface(cr, surface, x, y);
     cairo_pattern_set_filter(cairo_get_source(cr), CAIRO_FILTER_NEAREST);

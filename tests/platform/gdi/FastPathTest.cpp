@@ -143,3 +143,33 @@ TEST(FastPaths, PolygonsMatchCairo) {
         }
     }
 }
+
+TEST(FastPaths, BlockCopiesMatchCairo) {
+    // A source with a pattern in every pixel, so an offset by one shows.
+    auto pattern = [](CDC& dc, int width, int height) {
+        for (int y = 0; y < height; y += 3)
+            for (int x = 0; x < width; x += 5)
+                dc.FillSolidRect(x, y, 5, 3, RGB(x * 7 % 256, y * 11 % 256, (x + y) % 256));
+    };
+    ExpectSamePixels([&](CDC& dc) {
+        Canvas other(90, 70, RGB(10, 20, 30));
+        pattern(other.dc(), 90, 70);
+        dc.BitBlt(3, 4, 50, 40, &other.dc(), 7, 9, SRCCOPY);
+        // Clipped by the destination's edges.
+        dc.BitBlt(kWidth - 30, kHeight - 20, 60, 50, &other.dc(), 0, 0, SRCCOPY);
+        dc.BitBlt(-10, 60, 40, 60, &other.dc(), 20, 5, SRCCOPY);
+        // Partly outside the source: Cairo's own path.
+        dc.BitBlt(100, 10, 50, 30, &other.dc(), 60, 50, SRCCOPY);
+        // Moved origins on both sides.
+        dc.SetViewportOrg(5, -3);
+        other.dc().SetViewportOrg(-2, 4);
+        dc.BitBlt(0, 0, 160, 100, &other.dc(), 10, 3, SRCCOPY);
+    });
+    // Within one surface, overlapping every way (the scrolls of a screen).
+    for (POINT shift : {POINT{0, 7}, POINT{0, -7}, POINT{9, 0}, POINT{-9, 0}, POINT{4, -5}}) {
+        ExpectSamePixels([&](CDC& dc) {
+            pattern(dc, kWidth, kHeight);
+            dc.BitBlt(20 + shift.x, 20 + shift.y, 100, 60, &dc, 20, 20, SRCCOPY);
+        });
+    }
+}
