@@ -67,10 +67,10 @@ private:
     // part of its picture and cover nothing.
     std::vector<RECT> Covering(user::Window* window) const;
     // Sends the rows of pixels (width by the window's height, stride in
-    // pixels) that differ from what the X window holds, looking only at rows
-    // first to end - 1 when the X window holds the others already.
-    void SendRows(Shown& shown, const uint32_t* pixels, int stride, int first = 0,
-                  int end = INT_MAX);
+    // pixels) that differ from what the X window holds, looking only inside
+    // area (rows and columns) when the X window holds the rest already.
+    void SendRows(Shown& shown, const uint32_t* pixels, int stride,
+                  RECT area = RECT{0, 0, INT_MAX, INT_MAX});
     void Forget(std::map<HWND, Shown>::iterator it);
     void Restack();
 

@@ -87,19 +87,19 @@ void X11Backend::SendPixels(user::Window* window, Shown& shown, const RECT& chan
         // holds the desktop's pixels already, only the rows that DCs could
         // have drawn on: a key's echo costs a few rows.
         const bool holdsDesktop = !shown.sent.empty() && shown.covered.empty();
-        int first = 0, end = height;
-        if (holdsDesktop) {
-            const bool across = changed.left < shown.rect.right && changed.right > shown.rect.left;
-            first = std::max(0, static_cast<int>(changed.top - shown.rect.top));
-            end = across ? std::min(height, static_cast<int>(changed.bottom - shown.rect.top)) : 0;
-        }
+        RECT area{0, 0, width, height};
+        if (holdsDesktop)
+            area = RECT{std::max(LONG{0}, changed.left - shown.rect.left),
+                        std::max(LONG{0}, changed.top - shown.rect.top),
+                        std::min(static_cast<LONG>(width), changed.right - shown.rect.left),
+                        std::min(static_cast<LONG>(height), changed.bottom - shown.rect.top)};
         shown.seen.clear();
         shown.covered.clear();
         SendRows(shown,
                  reinterpret_cast<const uint32_t*>(
                      data + static_cast<std::ptrdiff_t>(shown.rect.top) * desktopStride +
                      static_cast<std::ptrdiff_t>(shown.rect.left) * 4),
-                 desktopStride / 4, first, end);
+                 desktopStride / 4, area);
         return;
     }
     // The window's part of the desktop (outside the desktop stays black).
@@ -157,7 +157,7 @@ void X11Backend::SendPixels(user::Window* window, Shown& shown, const RECT& chan
     cairo_surface_destroy(picture);
 }
 
-void X11Backend::SendRows(Shown& shown, const uint32_t* pixels, int stride, int first, int end) {
+void X11Backend::SendRows(Shown& shown, const uint32_t* pixels, int stride, RECT area) {
     const int width = Width(shown.rect);
     const int height = Height(shown.rect);
     const std::size_t size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
@@ -167,31 +167,35 @@ void X11Backend::SendRows(Shown& shown, const uint32_t* pixels, int stride, int 
     const std::size_t rowBytes = static_cast<std::size_t>(width) * 4;
     const int rowsPerRequest = std::max(
         1, static_cast<int>((m_maxRequestBytes - 64) / std::max<std::size_t>(rowBytes, 1)));
+    // Only the area's columns can differ from what the window holds (all of
+    // them for a fresh window).
+    const int firstColumn = fresh ? 0 : std::clamp(static_cast<int>(area.left), 0, width);
+    const int endColumn = fresh ? width : std::clamp(static_cast<int>(area.right), 0, width);
+    if (firstColumn >= endColumn)
+        return;
     // Takes a row into what the window holds and tells whether it changed,
     // widening [left, right) to the columns that did.
     auto refresh = [&](int y, int& left, int& right) {
         const uint32_t* row = pixels + static_cast<std::ptrdiff_t>(y) * stride;
         uint32_t* kept = shown.sent.data() + static_cast<std::size_t>(y) * width;
+        int from = firstColumn, to = endColumn;
         if (fresh) {
             std::memcpy(kept, row, rowBytes);
-            left = 0;
-            right = width;
-            return true;
+        } else {
+            if (std::memcmp(kept + from, row + from, static_cast<std::size_t>(to - from) * 4) == 0)
+                return false;
+            while (kept[from] == row[from])
+                ++from;
+            while (kept[to - 1] == row[to - 1])
+                --to;
+            std::memcpy(kept + from, row + from, static_cast<std::size_t>(to - from) * 4);
         }
-        if (std::memcmp(kept, row, rowBytes) == 0)
-            return false;
-        int from = 0, to = width;
-        while (kept[from] == row[from])
-            ++from;
-        while (kept[to - 1] == row[to - 1])
-            --to;
-        std::memcpy(kept + from, row + from, static_cast<std::size_t>(to - from) * 4);
         left = std::min(left, from);
         right = std::max(right, to);
         return true;
     };
-    const int last = fresh ? height : std::min(height, end);
-    int y = fresh ? 0 : std::max(0, first);
+    const int last = fresh ? height : std::min(height, static_cast<int>(area.bottom));
+    int y = fresh ? 0 : std::max(0, static_cast<int>(area.top));
     std::vector<uint32_t> block;
     while (y < last) {
         int left = width, right = 0;
