@@ -2,6 +2,7 @@
 
 #include <xcb/xtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -69,24 +70,55 @@ xcb_window_t XProbe::FindWindow(const std::string& text) {
     return 0;
 }
 
-std::vector<uint8_t> XProbe::Pixels(xcb_window_t window) {
-    std::vector<uint8_t> pixels;
+XProbe::Band XProbe::Whole(xcb_window_t window) {
     xcb_get_geometry_reply_t* geometry =
         xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr);
     if (!geometry)
+        return {};
+    m_measured = window;
+    m_width = geometry->width;
+    const Band whole{0, geometry->height};
+    free(geometry);
+    return whole;
+}
+
+std::vector<uint8_t> XProbe::Pixels(xcb_window_t window, Band band) {
+    std::vector<uint8_t> pixels;
+    if (window != m_measured && Whole(window).height == 0)
         return pixels;
     xcb_get_image_reply_t* image =
         xcb_get_image_reply(m_connection,
-                            xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 0,
-                                          geometry->width, geometry->height, ~0u),
+                            xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0,
+                                          static_cast<int16_t>(band.top), m_width,
+                                          static_cast<uint16_t>(band.height), ~0u),
                             nullptr);
-    free(geometry);
     if (image) {
         const uint8_t* data = xcb_get_image_data(image);
         pixels.assign(data, data + xcb_get_image_data_length(image));
     }
     free(image);
     return pixels;
+}
+
+XProbe::Band XProbe::ChangedRows(const std::vector<uint8_t>& before,
+                                 const std::vector<uint8_t>& after, Band band, int margin) {
+    if (band.height <= 0 || before.size() != after.size() || before.empty())
+        return {};
+    const std::size_t stride = before.size() / static_cast<std::size_t>(band.height);
+    int first = -1, last = -1;
+    for (int row = 0; row < band.height; ++row) {
+        const std::size_t offset = static_cast<std::size_t>(row) * stride;
+        if (std::memcmp(before.data() + offset, after.data() + offset, stride) != 0) {
+            if (first < 0)
+                first = row;
+            last = row;
+        }
+    }
+    if (first < 0)
+        return {};
+    const int top = std::max(0, first - margin);
+    const int bottom = std::min(band.height, last + 1 + margin);
+    return {band.top + top, bottom - top};
 }
 
 void XProbe::Focus(xcb_window_t window) {
