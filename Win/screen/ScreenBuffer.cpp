@@ -103,21 +103,12 @@ void ScreenBuffer::Set(int row, int col, WCHAR ch, int charSet, int mode) {
         Draw(m_pDC, row, col);
 }
 
-void ScreenBuffer::PutChar(WCHAR ch) {
-    int row = m_cursor.m_row;
-    int col = m_cursor.m_col;
-    // The common case: nothing selected, no pending wrap, no insert mode and no
-    // DC, inside the visible rows.
-    if (col < VisColumns() && row < VisRows() && !m_insertMode && !m_pDC && !ActiveSelection()) {
-        Cell(row, col).Set(ch, m_charSets[m_shift], m_style, m_selStyle);
-        m_cursor.m_col = col + 1;
-        return;
-    }
+void ScreenBuffer::PutCharWrapping(WCHAR ch) {
     Unselect();
     AutoWrapCursor();
     if (m_insertMode)
         InsertCharacter(1);
-    col = m_cursor.m_col++;
+    const int col = m_cursor.m_col++;
     Set(m_cursor.m_row, col, ch);
 }
 

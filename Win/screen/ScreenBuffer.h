@@ -31,13 +31,29 @@ public:
     // The rows and columns of cells the window shows; reserve asks for spare rows
     // when the array must grow.
     void SetWindowSize(int rows, int columns, bool reserve);
-    void PutChar(WCHAR ch);
+    // Writes ch at the cursor and moves the cursor on. The common case (inside
+    // the visible rows, no pending wrap, no insert mode, no DC, nothing
+    // selected) is inline: it is the per-character path of every stream.
+    void PutChar(WCHAR ch) {
+        const int row = m_cursor.m_row;
+        const int col = m_cursor.m_col;
+        if (col < VisColumns() && row < VisRows() && !m_insertMode && !m_pDC &&
+            !ActiveSelection()) {
+            Cell(row, col).Set(ch, m_charSets[m_shift], m_style, m_selStyle);
+            m_cursor.m_col = col + 1;
+            return;
+        }
+        PutCharWrapping(ch);
+    }
     void AutoWrapCursor();
     void Index();
     void ScrollLine(ScrollDirection direction);
     void InsertCharacter(int n);
     void Unselect();
-    bool ActiveSelection() const;
+    bool ActiveSelection() const {
+        return m_selStart.m_row >= 0 && m_selStart.m_col >= 0 && m_selEnd.m_row >= 0 &&
+               m_selEnd.m_col >= 0;
+    }
 
     int NumRows() const { return m_numRows; }
     int NumColumns() const { return m_numColumns; }
@@ -172,6 +188,8 @@ private:
 
     void Draw(CDC* dc, int row, int col);
     void RedrawScrollingRegion();
+    // PutChar's general case: ends a selection, wraps, inserts and draws.
+    void PutCharWrapping(WCHAR ch);
 
     // Row storage. Rows are addressed through m_rows, a table of pointers into
     // m_buffer that scrolling and line insertion rotate instead of moving cells.

@@ -5,11 +5,6 @@
 #include <algorithm>
 #include <string>
 
-bool ScreenBuffer::ActiveSelection() const {
-    return m_selStart.m_row >= 0 && m_selStart.m_col >= 0 && m_selEnd.m_row >= 0 &&
-           m_selEnd.m_col >= 0;
-}
-
 CursorPos ScreenBuffer::NextPos(const CursorPos& pos, int columns) {
     if (pos.m_col + 1 >= columns)
         return CursorPos(pos.m_row + 1, 0);
