@@ -14,9 +14,10 @@ public:
     // The descriptor that becomes readable when the display has input.
     virtual int Descriptor() const = 0;
     virtual void Update() = 0;
-    // Turns every pending display event into messages. False when the
-    // connection is gone.
-    virtual bool ProcessInput() = 0;
+    // Turns every pending display event into messages: those already read
+    // off the connection, and with read what the connection holds too. False
+    // when the connection is gone.
+    virtual bool ProcessInput(bool read) = 0;
     virtual unsigned WindowOf(HWND hwnd) const = 0;
 };
 

@@ -83,7 +83,7 @@ bool WaitForInput(int timeoutMs) {
         fds.push_back(pollfd{fd, POLLIN, 0});
     // Events already read off the connection are not signalled on its
     // descriptor again.
-    if (backend && !backend->ProcessInput()) {
+    if (backend && !backend->ProcessInput(false)) {
         std::fprintf(stderr, "The connection to the display was lost; closing the display.\n");
         Close();
         PostQuitMessage(1);
@@ -112,7 +112,8 @@ bool WaitForInput(int timeoutMs) {
                 callback();
             }
         }
-    if (backend && !backend->ProcessInput()) {
+    const bool readable = backend && ready > 0 && fds[0].revents != 0;
+    if (backend && !backend->ProcessInput(readable)) {
         std::fprintf(stderr, "The connection to the display was lost; closing the display.\n");
         Close();
         PostQuitMessage(1);

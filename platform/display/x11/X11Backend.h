@@ -30,7 +30,7 @@ public:
 
     int Descriptor() const override;
     void Update() override;
-    bool ProcessInput() override;
+    bool ProcessInput(bool read) override;
     unsigned WindowOf(HWND hwnd) const override;
 
 private:

@@ -35,14 +35,18 @@ WPARAM MouseKeys(uint16_t state) {
 
 } // namespace
 
-bool X11Backend::ProcessInput() {
+bool X11Backend::ProcessInput(bool read) {
     while (!m_deferred.empty()) {
         xcb_generic_event_t* event = m_deferred.front();
         m_deferred.pop_front();
         Handle(event);
         free(event);
     }
-    while (xcb_generic_event_t* event = xcb_poll_for_event(m_connection)) {
+    // One read takes what the connection holds; what arrives after it makes
+    // the descriptor readable again, so the rest come from the queue alone.
+    xcb_generic_event_t* event =
+        read ? xcb_poll_for_event(m_connection) : xcb_poll_for_queued_event(m_connection);
+    for (; event; event = xcb_poll_for_queued_event(m_connection)) {
         Handle(event);
         free(event);
     }
