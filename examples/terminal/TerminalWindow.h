@@ -107,6 +107,9 @@ private:
     // Input handlers.
     bool OnKeyDown(UINT vk);
     void OnChar(WCHAR ch);
+    // The mouse wheel turned by delta (WHEEL_DELTA a notch, positive away
+    // from the user).
+    void OnWheel(int delta);
     void OnLeftDown(int x, int y);
     void OnMouseMove(int x, int y);
     void OnLeftUp();
@@ -156,6 +159,9 @@ private:
     int m_shownColumnMode = 80;
     WCHAR m_pendingHigh = 0;
     WCHAR m_swallowChar = 0;
+    // Cursor keys a wheel notch sends, and the part of a notch not yet sent.
+    static constexpr int kWheelLines = 3;
+    int m_wheelRemainder = 0;
     bool m_selecting = false;
     bool m_dragged = false;
     CursorPos m_anchor;

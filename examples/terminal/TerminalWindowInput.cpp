@@ -7,6 +7,7 @@
 #include <platform/CodePage.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace {
@@ -52,6 +53,9 @@ LRESULT TerminalWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MBUTTONUP:
         Paste();
         return 0;
+    case WM_MOUSEWHEEL:
+        OnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+        return 0;
     case WM_CONTEXTMENU:
         OnContextMenu(x, y);
         return 0;
@@ -89,6 +93,28 @@ bool TerminalWindow::OnKeyDown(UINT vk) {
         return false;
     Send(bytes);
     return true;
+}
+
+void TerminalWindow::OnWheel(int delta) {
+    // Without scrollback the wheel has nothing of its own to scroll. A
+    // full-screen program (one that set application cursor keys) gets cursor
+    // keys instead, kWheelLines a notch, so its own view scrolls.
+    if (!m_screen->GetCursorKeyMode()) {
+        m_wheelRemainder = 0;
+        return;
+    }
+    if ((m_wheelRemainder > 0) != (delta > 0))
+        m_wheelRemainder = 0;
+    m_wheelRemainder += delta;
+    const int lines = m_wheelRemainder * kWheelLines / WHEEL_DELTA;
+    m_wheelRemainder -= lines * WHEEL_DELTA / kWheelLines;
+    const std::string key =
+        key_bytes::ForKey(lines > 0 ? VK_UP : VK_DOWN, m_screen->GetCursorKeyMode());
+    std::string bytes;
+    for (int i = 0; i < std::abs(lines); ++i)
+        bytes += key;
+    if (!bytes.empty())
+        Send(bytes);
 }
 
 void TerminalWindow::OnChar(WCHAR ch) {

@@ -272,6 +272,14 @@ void CWnd::OnRButtonUp(UINT, CPoint) {
     Default();
 }
 
+void CWnd::OnRButtonDblClk(UINT, CPoint) {
+    Default();
+}
+
+BOOL CWnd::OnMouseWheel(UINT, short, CPoint) {
+    return static_cast<BOOL>(Default());
+}
+
 void CWnd::OnMouseMove(UINT, CPoint) {
     Default();
 }

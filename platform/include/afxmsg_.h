@@ -191,6 +191,17 @@ protected:                                                                      
 #define ON_WM_LBUTTONDBLCLK() AFX_MOUSE_ENTRY(WM_LBUTTONDBLCLK, OnLButtonDblClk)
 #define ON_WM_RBUTTONDOWN() AFX_MOUSE_ENTRY(WM_RBUTTONDOWN, OnRButtonDown)
 #define ON_WM_RBUTTONUP() AFX_MOUSE_ENTRY(WM_RBUTTONUP, OnRButtonUp)
+#define ON_WM_RBUTTONDBLCLK() AFX_MOUSE_ENTRY(WM_RBUTTONDBLCLK, OnRButtonDblClk)
+// BOOL handler(UINT keys, short delta, CPoint screenPoint): the wheel turned
+// by delta (WHEEL_DELTA a notch, positive away from the user); true when the
+// window scrolled.
+#define ON_WM_MOUSEWHEEL()                                                                         \
+    {                                                                                              \
+        WM_MOUSEWHEEL, 0, 0, 0,                                                                    \
+            AFX_THUNK(return self->OnMouseWheel(GET_KEYSTATE_WPARAM(w), GET_WHEEL_DELTA_WPARAM(w), \
+                                                CPoint((short)LOWORD(l), (short)HIWORD(l)));)      \
+    }                                                                                              \
+    ,
 #define ON_WM_MOUSEMOVE() AFX_MOUSE_ENTRY(WM_MOUSEMOVE, OnMouseMove)
 #define AFX_KEY_ENTRY(message, memberFxn)                                                          \
     {                                                                                              \

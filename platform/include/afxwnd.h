@@ -261,6 +261,9 @@ protected:
     void OnLButtonDblClk(UINT flags, CPoint point);
     void OnRButtonDown(UINT flags, CPoint point);
     void OnRButtonUp(UINT flags, CPoint point);
+    void OnRButtonDblClk(UINT flags, CPoint point);
+    // The default passes the wheel on to the parent.
+    BOOL OnMouseWheel(UINT flags, short delta, CPoint point);
     void OnMouseMove(UINT flags, CPoint point);
     void OnKeyDown(UINT ch, UINT repeat, UINT flags);
     void OnKeyUp(UINT ch, UINT repeat, UINT flags);

@@ -3,8 +3,8 @@
 #include "WindowManager.h"
 
 #include "Keyboard.h"
-#include "display/Backend.h"
 #include "Sizing.h"
+#include "display/Backend.h"
 
 #include <platform/Automation.h>
 #include <platform/MessagePump.h>
@@ -98,6 +98,12 @@ LRESULT DefWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
         SendMessage(hwnd, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(hwnd), MAKELPARAM(at.x, at.y));
         return 0;
     }
+    case WM_MOUSEWHEEL:
+    case WM_MOUSEHWHEEL:
+        // A window that does not scroll passes the wheel on to its parent.
+        if ((window->style & WS_CHILD) && window->parent)
+            return SendMessage(window->parent->handle, message, wParam, lParam);
+        return 0;
     case WM_CONTEXTMENU:
         // A child that shows no menu of its own lets its parent show one.
         if ((window->style & WS_CHILD) && window->parent)

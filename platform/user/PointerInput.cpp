@@ -3,6 +3,7 @@
 
 #include "WindowManager.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace platform::user {
@@ -61,6 +62,41 @@ HWND WindowUnderPoint(HWND top, POINT desktop) {
     return Deepest(manager, window, desktop)->handle;
 }
 
+namespace {
+
+UINT ButtonMessage(MouseButton button, bool down, bool isDouble) {
+    switch (button) {
+    case MouseButton::Left:
+        return !down ? WM_LBUTTONUP : isDouble ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN;
+    case MouseButton::Right:
+        return !down ? WM_RBUTTONUP : isDouble ? WM_RBUTTONDBLCLK : WM_RBUTTONDOWN;
+    case MouseButton::Middle:
+        return !down ? WM_MBUTTONUP : isDouble ? WM_MBUTTONDBLCLK : WM_MBUTTONDOWN;
+    case MouseButton::X1:
+    case MouseButton::X2:
+        break;
+    }
+    return !down ? WM_XBUTTONUP : isDouble ? WM_XBUTTONDBLCLK : WM_XBUTTONDOWN;
+}
+
+// Whether this press is the second of a double click, and the press to
+// compare the next one with.
+bool IsDoubleClick(HWND target, MouseButton button, POINT desktop, unsigned time) {
+    LastPress& last = Last();
+    const Window* window = WindowManager::Instance().Find(target);
+    const bool wantsDouble =
+        window && window->windowClass && (window->windowClass->wc.style & kClassDoubleClicks);
+    const bool isDouble = last.valid && last.target == target && last.button == button &&
+                          time - last.time <= kDoubleClickTime &&
+                          std::abs(desktop.x - last.where.x) <= kDoubleClickSlop &&
+                          std::abs(desktop.y - last.where.y) <= kDoubleClickSlop;
+    // A third press starts over.
+    last = isDouble ? LastPress{} : LastPress{target, button, desktop, time, true};
+    return isDouble && wantsDouble;
+}
+
+} // namespace
+
 void PostButton(HWND top, POINT desktop, MouseButton button, bool down, WPARAM keys,
                 unsigned time) {
     POINT client{};
@@ -68,29 +104,12 @@ void PostButton(HWND top, POINT desktop, MouseButton button, bool down, WPARAM k
     if (!target)
         return;
     SetCursorPos(desktop.x, desktop.y);
-    UINT message = 0;
-    if (button == MouseButton::Right) {
-        message = down ? WM_RBUTTONDOWN : WM_RBUTTONUP;
-    } else if (!down) {
-        message = button == MouseButton::Left ? WM_LBUTTONUP : WM_MBUTTONUP;
-    } else {
-        LastPress& last = Last();
-        const Window* window = WindowManager::Instance().Find(target);
-        const bool wantsDouble =
-            window && window->windowClass && (window->windowClass->wc.style & kClassDoubleClicks);
-        const bool isDouble = last.valid && last.target == target && last.button == button &&
-                              time - last.time <= kDoubleClickTime &&
-                              std::abs(desktop.x - last.where.x) <= kDoubleClickSlop &&
-                              std::abs(desktop.y - last.where.y) <= kDoubleClickSlop;
-        const bool left = button == MouseButton::Left;
-        if (isDouble && wantsDouble)
-            message = left ? WM_LBUTTONDBLCLK : WM_MBUTTONDBLCLK;
-        else
-            message = left ? WM_LBUTTONDOWN : WM_MBUTTONDOWN;
-        // A third press starts over.
-        last = isDouble ? LastPress{} : LastPress{target, button, desktop, time, true};
-    }
-    PostMessage(target, message, keys, MAKELPARAM(client.x, client.y));
+    const bool isDouble = down && IsDoubleClick(target, button, desktop, time);
+    WPARAM wParam = keys;
+    if (button == MouseButton::X1 || button == MouseButton::X2)
+        wParam = MAKEWPARAM(LOWORD(keys), button == MouseButton::X1 ? XBUTTON1 : XBUTTON2);
+    PostMessage(target, ButtonMessage(button, down, isDouble), wParam,
+                MAKELPARAM(client.x, client.y));
 }
 
 void PostMove(HWND top, POINT desktop, WPARAM keys) {
@@ -100,6 +119,21 @@ void PostMove(HWND top, POINT desktop, WPARAM keys) {
         return;
     SetCursorPos(desktop.x, desktop.y);
     PostMessage(target, WM_MOUSEMOVE, keys, MAKELPARAM(client.x, client.y));
+}
+
+void PostWheel(int delta, bool horizontal, POINT desktop, WPARAM keys) {
+    HWND target = GetFocus();
+    if (!target)
+        target = GetActiveWindow();
+    if (!target)
+        return;
+    SetCursorPos(desktop.x, desktop.y);
+    // The delta is a signed 16-bit number: a larger turn is as large as it
+    // can be.
+    const auto wheelDelta = static_cast<short>(std::clamp(delta, -32768, 32767));
+    PostMessage(target, horizontal ? WM_MOUSEHWHEEL : WM_MOUSEWHEEL,
+                MAKEWPARAM(LOWORD(keys), static_cast<WORD>(wheelDelta)),
+                MAKELPARAM(desktop.x, desktop.y));
 }
 
 } // namespace platform::user

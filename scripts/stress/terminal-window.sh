@@ -2,8 +2,8 @@
 # The interactive terminal's reliability run: terminal_host --window running
 # bash on a private Xvfb, driven for a while by a seeded random mix of typed
 # commands (ls, seq, vim, less, top, escape sequences, long lines), special
-# keys, mouse drags and clicks, the shortcut menu, window resizes and
-# clipboard traffic both ways. Every so often the shell is asked to answer
+# keys, mouse drags, clicks and wheel turns, the shortcut menu, window
+# resizes and clipboard traffic both ways. Every so often the shell is asked to answer
 # (echo alive-N into a file). At the end the window is closed as a window
 # manager closes it; the host must exit 0, the sanitizers must report
 # nothing, and neither the host's X resources nor its windows, GDI objects
@@ -187,10 +187,26 @@ commands=(
 
 act_command() { run "${commands[RANDOM % ${#commands[@]}]}"; count commands; }
 
+# A few notches of the wheel down and up over the window: cursor keys to a
+# full-screen program, nothing at the shell's prompt.
+wheel() {
+    geometry
+    random_point
+    xdotool mousemove --window "$window" "$px" "$py" \
+        click --repeat $((1 + RANDOM % 4)) --delay 20 5 click --repeat $((1 + RANDOM % 3)) --delay 20 4
+}
+
+act_wheel() {
+    wheel
+    prompt
+    count wheel
+}
+
 act_vim() {
     run "vim -u NONE text.txt"
     sleep 1.5
     xdotool key --delay 30 G g g Next Next Prior
+    wheel
     xdotool key --delay 30 o
     xdotool type --delay 5 "inserted line $RANDOM"
     xdotool key --delay 30 Escape Escape
@@ -203,6 +219,7 @@ act_less() {
     run "less text.txt"
     sleep 1.2
     xdotool key --delay 40 space space b G g Down Down Up slash 5 0 0 Return n
+    wheel
     xdotool key q
     sleep 0.3
     xdotool key q
@@ -297,7 +314,7 @@ act_copy_out() {
 
 actions=(act_command act_command act_command act_keys act_keys act_drag act_drag act_click
          act_menu act_resize act_resize act_paste_in act_copy_out act_vim act_less act_top
-         act_suspend)
+         act_suspend act_wheel)
 
 # --- The run ---
 

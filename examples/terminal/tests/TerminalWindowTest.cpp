@@ -58,6 +58,63 @@ TEST_F(TerminalWindowTest, KeysWithoutCharactersSendVt100Sequences) {
     EXPECT_TRUE(Shows("1b 4f 41 1b 4f 50 1b 5b 35 7e 7f 01 c3 a9")) << ScreenText();
 }
 
+TEST_F(TerminalWindowTest, TheWheelSendsCursorKeysOnlyToAFullScreenProgram) {
+    // Normal cursor keys: the wheel sends nothing, so the program reads the
+    // z typed after it first.
+    ASSERT_TRUE(Open({"sh", "-c",
+                      "stty raw -echo; printf 'ready\\r\\n'; "
+                      "dd bs=1 count=1 2>/dev/null | od -An -tx1 -v"}));
+    ASSERT_TRUE(WaitFor("ready"));
+    platform::automation::TurnWheel(-1);
+    platform::automation::TurnWheel(2);
+    ASSERT_TRUE(RunUntil([] { return platform::automation::Pending() == 0; }));
+    Type(u"z");
+    ASSERT_TRUE(WaitForEnd()) << ScreenText();
+    EXPECT_TRUE(Shows(" 7a\n")) << ScreenText();
+}
+
+TEST_F(TerminalWindowTest, InApplicationCursorModeANotchIsThreeCursorKeys) {
+    ASSERT_TRUE(Open({"sh", "-c",
+                      "stty raw -echo; printf '\\033[?1hready\\r\\n'; "
+                      "dd bs=1 count=12 2>/dev/null | od -An -tx1 -v"}));
+    ASSERT_TRUE(WaitFor("ready"));
+    // A notch toward the user: three times ESC O B. Then a sixth of a notch
+    // more, which sends nothing yet and is dropped when the wheel turns
+    // back; a third of a notch away then makes one ESC O A.
+    platform::automation::TurnWheel(-1);
+    ASSERT_TRUE(RunUntil([] { return platform::automation::Pending() == 0; }));
+    const auto turn = [&](short delta) {
+        window->SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)), 0);
+    };
+    turn(-WHEEL_DELTA / 6);
+    turn(WHEEL_DELTA / 6);
+    turn(WHEEL_DELTA / 6);
+    ASSERT_TRUE(WaitForEnd()) << ScreenText();
+    EXPECT_TRUE(Shows(" 1b 4f 42 1b 4f 42 1b 4f 42 1b 4f 41\n")) << ScreenText();
+}
+
+TEST_F(TerminalWindowTest, TheSecondReleaseOfARightDoubleClickOpensTheMenuAgain) {
+    testing_support::ClearClipboard();
+    ASSERT_TRUE(Open({"sh", "-c", "echo alpha beta; sleep 10"}));
+    ASSERT_TRUE(WaitFor("alpha beta"));
+    const HWND hwnd = *window;
+    const POINT a = CellCentre(0, 0), b = CellCentre(0, 4);
+    PostMessage(hwnd, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(a.x, a.y));
+    PostMessage(hwnd, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(b.x, b.y));
+    PostMessage(hwnd, WM_LBUTTONUP, 0, MAKELPARAM(b.x, b.y));
+    ASSERT_TRUE(RunUntil([&] { return window->Screen().ActiveSelection(); }));
+    // The first release opens the menu, the double click's press closes it,
+    // and the second release opens it again, where Copy is picked.
+    const POINT at = CellCentre(2, 2);
+    const LPARAM where = MAKELPARAM(at.x, at.y);
+    PostMessage(hwnd, WM_RBUTTONDOWN, MK_RBUTTON, where);
+    PostMessage(hwnd, WM_RBUTTONUP, 0, where);
+    PostMessage(hwnd, WM_RBUTTONDBLCLK, MK_RBUTTON, where);
+    PostMessage(hwnd, WM_RBUTTONUP, 0, where);
+    platform::automation::PickPopupMenuItem(TerminalWindow::kCopy);
+    EXPECT_TRUE(RunUntil([] { return ClipboardText() == u"alpha"; }));
+}
+
 TEST_F(TerminalWindowTest, TheCopyKeyDoesNotAlsoSendItsControlCharacter) {
     ASSERT_TRUE(Open({"sh", "-c",
                       "stty raw -echo; printf 'ready\\r\\n'; "

@@ -1,6 +1,6 @@
 // The terminal window on a real X display (a private Xvfb): keys typed by
-// xdotool through the display reach the program, and the display shows the
-// same pixels as the desktop.
+// xdotool through the display reach the program, the display shows the same
+// pixels as the desktop, and the wheel scrolls a full-screen program.
 #ifdef WIN_TEST_HAVE_XCB
 #include "TerminalWindowSupport.h"
 #include "platform/display/XvfbFixture.h"
@@ -88,6 +88,26 @@ TEST_F(TerminalWindowX11Test, TheMiddleButtonPastesAnotherProgramsClipboard) {
     ASSERT_TRUE(WaitFor("from the middle")) << ScreenText();
     ASSERT_EQ(testing_support::RunOnDisplay(server->Name(), "xdotool key Return"), 0);
     EXPECT_TRUE(WaitFor("got:from the middle")) << ScreenText();
+}
+
+TEST_F(TerminalWindowX11Test, TheWheelOnTheDisplaySendsCursorKeysToAFullScreenProgram) {
+    ASSERT_TRUE(Open({"sh", "-c",
+                      "stty raw -echo; printf '\\033[?1hready\\r\\n'; "
+                      "dd bs=1 count=18 2>/dev/null | od -An -tx1 -v -w18"}));
+    ASSERT_TRUE(WaitFor("ready"));
+    unsigned xid = 0;
+    ASSERT_TRUE(RunUntil([&] {
+        platform::display::Update();
+        return (xid = platform::display::XWindowOf(*window)) != 0;
+    }));
+    const std::string id = std::to_string(xid);
+    // Down a notch, then up one: three ESC O B, then three ESC O A.
+    ASSERT_EQ(testing_support::RunOnDisplay(server->Name(), "xdotool windowfocus --sync " + id +
+                                                                " mousemove --window " + id +
+                                                                " 60 80 click 5 click 4"),
+              0);
+    ASSERT_TRUE(WaitForEnd()) << ScreenText();
+    EXPECT_TRUE(Shows(" 1b 4f 42 1b 4f 42 1b 4f 42 1b 4f 41 1b 4f 41 1b 4f 41\n")) << ScreenText();
 }
 
 } // namespace

@@ -77,6 +77,7 @@ private:
     HWND FindByWindow(xcb_window_t id) const;
     void Handle(xcb_generic_event_t* event);
     void HandleKey(xcb_key_press_event_t* event, bool down);
+    void HandleButton(xcb_button_press_event_t* event, bool down);
     void HandleConfigure(xcb_configure_notify_event_t* event);
     void HandleExpose(xcb_expose_event_t* event);
 
@@ -93,6 +94,9 @@ private:
     std::map<HWND, Shown> m_shown;
     // The mapped X windows, topmost first, as last stacked.
     std::vector<xcb_window_t> m_stacked;
+    // MK_XBUTTON1 and MK_XBUTTON2 while the extra buttons are held: the
+    // server's button mask has no bits for them.
+    WPARAM m_extraButtons = 0;
     xcb_atom_t m_protocols = 0;
     xcb_atom_t m_deleteWindow = 0;
     xcb_atom_t m_netName = 0;

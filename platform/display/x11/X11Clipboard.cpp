@@ -9,6 +9,7 @@
 
 #include <poll.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
@@ -20,6 +21,8 @@ namespace {
 constexpr int kAnswerMs = 1000;
 // Another program's data larger than this is refused rather than held.
 constexpr std::size_t kMostBytes = 64u << 20;
+// Room for ChangeProperty's own fields (24 bytes) and then some.
+constexpr std::size_t kRequestHeader = 64;
 
 struct Freed {
     void operator()(void* p) const { free(p); }
@@ -36,7 +39,13 @@ X11Clipboard::X11Clipboard(xcb_connection_t* connection, xcb_screen_t* screen, D
     m_png = Atom("image/png");
     m_incr = Atom("INCR");
     m_property = Atom("WIN_CLIPBOARD_DATA");
-    m_maxRequestBytes = xcb_get_maximum_request_length(m_connection) * 4;
+    // The core protocol's limit, or the extended one if that is smaller:
+    // requestors that read with the core limit in mind get no property they
+    // cannot take whole.
+    const std::size_t extended = std::size_t{xcb_get_maximum_request_length(m_connection)} * 4;
+    const std::size_t core = std::size_t{xcb_get_setup(m_connection)->maximum_request_length} * 4;
+    m_pieceBytes = std::min(extended, core) - kRequestHeader;
+    m_sender = std::make_unique<X11IncrSender>(m_connection, m_incr);
     // An unmapped window of our own owns the selection and receives the
     // data other programs send; property changes pace increments.
     m_window = xcb_generate_id(m_connection);
@@ -192,6 +201,8 @@ std::optional<std::string> X11Clipboard::FetchIncrements() {
 }
 
 bool X11Clipboard::Handle(xcb_generic_event_t* event) {
+    if (m_sender->Handle(event))
+        return true;
     switch (event->response_type & 0x7F) {
     case XCB_SELECTION_REQUEST:
         Serve(*reinterpret_cast<xcb_selection_request_event_t*>(event));
@@ -254,14 +265,17 @@ void X11Clipboard::Serve(const xcb_selection_request_event_t& request) {
         std::string bytes;
         xcb_atom_t type = XCB_NONE;
         uint8_t format = 8;
-        // Data too big for one request is refused rather than sent in
-        // increments.
-        if (Convert(request.target, &bytes, &type, &format) &&
-            bytes.size() + 64 <= m_maxRequestBytes) {
-            xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, request.requestor, property,
-                                type, format, static_cast<uint32_t>(bytes.size() / (format / 8)),
-                                bytes.data());
-            given = true;
+        if (Convert(request.target, &bytes, &type, &format)) {
+            if (bytes.size() <= m_pieceBytes) {
+                xcb_change_property(
+                    m_connection, XCB_PROP_MODE_REPLACE, request.requestor, property, type, format,
+                    static_cast<uint32_t>(bytes.size() / (format / 8)), bytes.data());
+                given = true;
+            } else if (format == 8) {
+                // Too big for one request: the requestor takes it in pieces.
+                given = m_sender->Start(request.requestor, property, type, std::move(bytes),
+                                        m_pieceBytes);
+            }
         }
     }
     xcb_selection_notify_event_t notify{};

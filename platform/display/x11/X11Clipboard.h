@@ -1,12 +1,15 @@
 // The display's CLIPBOARD selection: taking and losing ownership, answering
-// other programs' requests for our data, and fetching theirs. Every wait for
-// another program ends after a second, so a program that never answers
-// cannot hang ours.
+// other programs' requests for our data (in increments when it is too large
+// for one request), and fetching theirs. Every wait for another program ends
+// after a second, so a program that never answers cannot hang ours.
 #pragma once
+
+#include "display/x11/X11IncrSender.h"
 
 #include <xcb/xcb.h>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -49,9 +52,11 @@ public:
     // while it stays the owner).
     std::optional<std::u16string> FetchText();
 
-    // Handles a selection event (requests, loss, stray notices); false for
-    // any other event.
+    // Handles a selection event (requests, loss, stray notices, a requestor
+    // taking a piece); false for any other event.
     bool Handle(xcb_generic_event_t* event);
+    // Transfers in increments under way.
+    std::size_t Sending() const { return m_sender->Active(); }
 
 private:
     xcb_atom_t Atom(const char* name);
@@ -76,7 +81,9 @@ private:
     ClipboardOffer* m_offer = nullptr;
     bool m_owned = false;
     xcb_window_t m_silentOwner = XCB_NONE;
-    uint32_t m_maxRequestBytes = 0;
+    // The most data one ChangeProperty carries; more goes in increments.
+    std::size_t m_pieceBytes = 0;
+    std::unique_ptr<X11IncrSender> m_sender;
     xcb_atom_t m_clipboard = 0;
     xcb_atom_t m_targets = 0;
     xcb_atom_t m_utf8 = 0;

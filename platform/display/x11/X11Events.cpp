@@ -1,6 +1,6 @@
 // The display's events as the window system's messages: keys to the focus
-// inside the window they were typed into,
-// buttons and motion to the window under the pointer, exposure and resizing
+// inside the window they were typed into, the wheel to the focus, buttons
+// and motion to the window under the pointer, exposure and resizing
 // through invalidation and WM_SIZE, the window manager's close as WM_CLOSE.
 #include "display/x11/KeySyms.h"
 #include "display/x11/X11Backend.h"
@@ -65,28 +65,9 @@ void X11Backend::Handle(xcb_generic_event_t* event) {
         HandleKey(reinterpret_cast<xcb_key_press_event_t*>(event), false);
         break;
     case XCB_BUTTON_PRESS:
-    case XCB_BUTTON_RELEASE: {
-        auto* button = reinterpret_cast<xcb_button_press_event_t*>(event);
-        // Buttons 1 to 3 are left, middle and right; 4 and up are the wheel
-        // and extra buttons.
-        if (button->detail < 1 || button->detail > 3)
-            break;
-        HWND hwnd = FindByWindow(button->event);
-        if (!hwnd)
-            break;
-        const RECT& rect = m_shown[hwnd].rect;
-        POINT desktop{rect.left + button->event_x, rect.top + button->event_y};
-        static constexpr user::MouseButton kButtons[] = {
-            user::MouseButton::Left, user::MouseButton::Middle, user::MouseButton::Right};
-        static constexpr WPARAM kButtonKeys[] = {MK_LBUTTON, MK_MBUTTON, MK_RBUTTON};
-        const bool down = type == XCB_BUTTON_PRESS;
-        // The event's state is the one before it: this button goes down or up.
-        WPARAM keys = MouseKeys(button->state);
-        const WPARAM mine = kButtonKeys[button->detail - 1];
-        keys = down ? keys | mine : keys & ~mine;
-        user::PostButton(hwnd, desktop, kButtons[button->detail - 1], down, keys, button->time);
+    case XCB_BUTTON_RELEASE:
+        HandleButton(reinterpret_cast<xcb_button_press_event_t*>(event), type == XCB_BUTTON_PRESS);
         break;
-    }
     case XCB_MOTION_NOTIFY: {
         auto* motion = reinterpret_cast<xcb_motion_notify_event_t*>(event);
         HWND hwnd = FindByWindow(motion->event);
@@ -94,7 +75,7 @@ void X11Backend::Handle(xcb_generic_event_t* event) {
             break;
         const RECT& rect = m_shown[hwnd].rect;
         user::PostMove(hwnd, POINT{rect.left + motion->event_x, rect.top + motion->event_y},
-                       MouseKeys(motion->state));
+                       MouseKeys(motion->state) | m_extraButtons);
         break;
     }
     case XCB_EXPOSE:
@@ -149,6 +130,40 @@ void X11Backend::HandleKey(xcb_key_press_event_t* event, bool down) {
     if (down && hwnd && IsWindowEnabled(hwnd) && GetActiveWindow() != hwnd)
         SetActiveWindow(hwnd);
     user::PostKeyToFocus(down, vk, CharacterFor(keysym));
+}
+
+void X11Backend::HandleButton(xcb_button_press_event_t* event, bool down) {
+    // Buttons 1 to 3 are left, middle and right, 4 and 5 the wheel turned up
+    // and down, 6 and 7 the wheel tilted left and right, 8 and 9 back and
+    // forward.
+    const unsigned number = event->detail;
+    if (number < 1 || number > 9)
+        return;
+    HWND hwnd = FindByWindow(event->event);
+    if (!hwnd)
+        return;
+    const RECT& rect = m_shown[hwnd].rect;
+    POINT desktop{rect.left + event->event_x, rect.top + event->event_y};
+    // The event's state is the one before it.
+    WPARAM keys = MouseKeys(event->state) | m_extraButtons;
+    if (number >= 4 && number <= 7) {
+        // Each notch is a press and a release; the press is the notch.
+        if (down)
+            user::PostWheel(number == 4 || number == 7 ? WHEEL_DELTA : -WHEEL_DELTA, number >= 6,
+                            desktop, keys);
+        return;
+    }
+    static constexpr user::MouseButton kButtons[] = {
+        user::MouseButton::Left, user::MouseButton::Middle, user::MouseButton::Right,
+        user::MouseButton::X1, user::MouseButton::X2};
+    static constexpr WPARAM kButtonKeys[] = {MK_LBUTTON, MK_MBUTTON, MK_RBUTTON, MK_XBUTTON1,
+                                             MK_XBUTTON2};
+    const std::size_t index = number <= 3 ? number - 1 : number - 5;
+    const WPARAM mine = kButtonKeys[index];
+    if (number >= 8)
+        m_extraButtons = down ? m_extraButtons | mine : m_extraButtons & ~mine;
+    keys = down ? keys | mine : keys & ~mine;
+    user::PostButton(hwnd, desktop, kButtons[index], down, keys, event->time);
 }
 
 void X11Backend::HandleExpose(xcb_expose_event_t* event) {

@@ -180,6 +180,10 @@ namespace platform::automation {
 // (WM_CONTEXTMENU). A window that is hidden or disabled cannot be clicked:
 // the attempt is recorded and nothing happens.
 void RightClickAt(HWND hwnd, POINT client);
+// The mouse wheel turned by notches (positive away from the user) with the
+// pointer where it is: WM_MOUSEWHEEL goes to the focus window, which passes
+// it up to its parent if it does not scroll.
+void TurnWheel(int notches);
 // Picks the item with this command in the open shortcut menu as a user does:
 // the mouse moves onto the item and clicks it. Without an open menu, or for
 // a missing or greyed item, the attempt is recorded and nothing happens.

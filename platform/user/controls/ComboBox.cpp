@@ -9,6 +9,7 @@
 #include "ControlPaint.h"
 #include "ControlState.h"
 #include "Controls.h"
+#include "WheelScroll.h"
 
 #include <algorithm>
 
@@ -552,6 +553,20 @@ LRESULT ComboProc(HWND combo, UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CHAR:
         OnChar(combo, *state, static_cast<WCHAR>(wParam));
         return 0;
+    case WM_MOUSEWHEEL: {
+        // The list scrolls while it shows (dropped, or always in a simple
+        // combo box), the current item staying as it is.
+        if (!state->list)
+            return DefWindowProc(combo, message, wParam, lParam);
+        int rows = WheelRows(state->wheelRemainder, GET_WHEEL_DELTA_WPARAM(wParam));
+        int visible = VisibleItems(state->list, *state);
+        int top = std::clamp(state->listTop + rows, 0, std::max(0, ItemCount(*state) - visible));
+        if (top != state->listTop) {
+            state->listTop = top;
+            Redraw(state->list);
+        }
+        return 0;
+    }
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK: {
         if (Type(combo) == CBS_SIMPLE) {

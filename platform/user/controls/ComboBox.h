@@ -20,6 +20,7 @@ struct ComboState {
     // The item highlighted in the list, and the first item the list shows.
     int listCurrent = -1;
     int listTop = 0;
+    int wheelRemainder = 0; // part of a wheel notch the list has not scrolled
     HWND edit = nullptr;
     HWND list = nullptr;
     bool dropped = false;

@@ -6,6 +6,7 @@
 #include "Controls.h"
 #include "EditClipboard.h"
 #include "EditText.h"
+#include "WheelScroll.h"
 
 #include <algorithm>
 
@@ -24,6 +25,7 @@ struct EditState {
     int limit = kDefaultLimit;
     int scrollX = 0;
     int firstLine = 0;
+    int wheelRemainder = 0; // part of a wheel notch not yet scrolled
     bool focused = false;
     bool tracking = false;
     bool modified = false;
@@ -160,6 +162,20 @@ void ScrollToCaret(HWND hwnd, EditState& state) {
 
 void Redraw(HWND hwnd) {
     InvalidateRect(hwnd, nullptr, TRUE);
+}
+
+// Scrolls a multi-line field by lines (negative: up), the caret staying
+// where it is; the last line goes no higher than the bottom of the field.
+void ScrollLines(HWND hwnd, EditState& state, int lines) {
+    Measure measure(hwnd, state);
+    RECT area = TextArea(hwnd);
+    int shown = std::max(1, int(area.bottom - area.top) / measure.LineHeight());
+    int last = std::max(0, state.text.LineCount() - shown);
+    int first = std::clamp(state.firstLine + lines, 0, last);
+    if (first != state.firstLine) {
+        state.firstLine = first;
+        Redraw(hwnd);
+    }
 }
 
 void Select(HWND hwnd, EditState& state, int anchor, int caret) {
@@ -645,6 +661,12 @@ LRESULT EditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
             state->tracking = false;
             ReleaseCapture();
         }
+        return 0;
+    case WM_MOUSEWHEEL:
+        // A single-line field does not scroll: its parent gets the wheel.
+        if (!Multiline(hwnd))
+            return DefWindowProc(hwnd, message, wParam, lParam);
+        ScrollLines(hwnd, *state, WheelRows(state->wheelRemainder, GET_WHEEL_DELTA_WPARAM(wParam)));
         return 0;
     case EM_GETSEL:
         return GetSel(*state, wParam, lParam);

@@ -5,6 +5,7 @@
 // Every state change is reported to the parent as LVN_ITEMCHANGED.
 #include "ControlState.h"
 #include "ListViewState.h"
+#include "WheelScroll.h"
 
 #include <algorithm>
 #include <numeric>
@@ -269,6 +270,16 @@ int NextItem(const ListViewState& state, int start, UINT flags) {
     return -1;
 }
 
+// Scrolls by rows (negative: up), never past either end.
+void ScrollRows(HWND hwnd, ListViewState& state, int rows) {
+    int last = std::max(0, static_cast<int>(state.rows.size()) - RowsPerPage(hwnd, state));
+    int top = std::clamp(state.top + rows, 0, last);
+    if (top != state.top) {
+        state.top = top;
+        InvalidateRect(hwnd, nullptr, TRUE);
+    }
+}
+
 void EnsureVisible(HWND hwnd, ListViewState& state, int item) {
     if (!state.ValidItem(item))
         return;
@@ -488,17 +499,10 @@ LRESULT ListMessage(HWND hwnd, ListViewState& state, UINT message, WPARAM wParam
     case LVM_ENSUREVISIBLE:
         EnsureVisible(hwnd, state, index);
         return state.ValidItem(index);
-    case LVM_SCROLL: {
-        // lParam pixels down (negative: up), in whole rows, never past the end.
-        int rows = static_cast<int>(lParam) / state.rowHeight;
-        int last = std::max(0, static_cast<int>(state.rows.size()) - RowsPerPage(hwnd, state));
-        int top = std::clamp(state.top + rows, 0, last);
-        if (top != state.top) {
-            state.top = top;
-            InvalidateRect(hwnd, nullptr, TRUE);
-        }
+    case LVM_SCROLL:
+        // lParam pixels down (negative: up), in whole rows.
+        ScrollRows(hwnd, state, static_cast<int>(lParam) / state.rowHeight);
         return TRUE;
-    }
     case LVM_GETTOPINDEX:
         return state.top;
     case LVM_GETCOUNTPERPAGE:
@@ -637,6 +641,9 @@ LRESULT ListViewProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     }
     case WM_KEYDOWN:
         OnKey(hwnd, *state, static_cast<UINT>(wParam));
+        return 0;
+    case WM_MOUSEWHEEL:
+        ScrollRows(hwnd, *state, WheelRows(state->wheelRemainder, GET_WHEEL_DELTA_WPARAM(wParam)));
         return 0;
     case WM_NOTIFY: {
         auto* header = reinterpret_cast<NMHDR*>(lParam);

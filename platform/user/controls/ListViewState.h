@@ -83,9 +83,10 @@ struct ListViewState {
     // The image lists by LVSIL_ kind; report view draws the small one.
     HIMAGELIST images[3] = {nullptr, nullptr, nullptr};
     DWORD exStyle = 0;
-    int focus = -1;   // the one item holding LVIS_FOCUSED, or -1
-    int selected = 0; // items holding LVIS_SELECTED
-    int top = 0;      // first visible row
+    int focus = -1;         // the one item holding LVIS_FOCUSED, or -1
+    int selected = 0;       // items holding LVIS_SELECTED
+    int top = 0;            // first visible row
+    int wheelRemainder = 0; // part of a wheel notch not yet scrolled
     int rowHeight = 17;
     int headerHeight = 24;
     RECT client{}; // kept at each layout, so item invalidation needs no query
