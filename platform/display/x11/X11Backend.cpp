@@ -4,6 +4,7 @@
 // sent, the traffic stays small without shared memory.
 #include "display/x11/X11Backend.h"
 
+#include "display/x11/X11Atoms.h"
 #include "gdi/DeviceContext.h"
 #include "user/ForeignWindows.h"
 #include "user/WindowManager.h"
@@ -81,10 +82,10 @@ X11Backend::X11Backend(xcb_connection_t* connection, xcb_screen_t* screen)
     m_gc = xcb_generate_id(m_connection);
     uint32_t noExposures = 0;
     xcb_create_gc(m_connection, m_gc, m_screen->root, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
-    m_protocols = Atom("WM_PROTOCOLS");
-    m_deleteWindow = Atom("WM_DELETE_WINDOW");
-    m_netName = Atom("_NET_WM_NAME");
-    m_utf8 = Atom("UTF8_STRING");
+    InternAtoms(m_connection, {{"WM_PROTOCOLS", &m_protocols},
+                               {"WM_DELETE_WINDOW", &m_deleteWindow},
+                               {"_NET_WM_NAME", &m_netName},
+                               {"UTF8_STRING", &m_utf8}});
     m_maxRequestBytes = xcb_get_maximum_request_length(m_connection) * 4;
     LoadKeyboardMapping();
     OpenClipboard();
@@ -125,15 +126,6 @@ bool X11Backend::CheckFormat(std::string* error) const {
     if (!ok && error)
         *error = "the X11 display's root window is not 24-bit true colour in 32-bit pixels";
     return ok;
-}
-
-xcb_atom_t X11Backend::Atom(const char* name) {
-    xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
-        m_connection,
-        xcb_intern_atom(m_connection, 0, static_cast<uint16_t>(std::strlen(name)), name), nullptr);
-    xcb_atom_t atom = reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
-    free(reply);
-    return atom;
 }
 
 void X11Backend::LoadKeyboardMapping() {

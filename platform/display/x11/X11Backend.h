@@ -55,7 +55,6 @@ private:
 
     X11Backend(xcb_connection_t* connection, xcb_screen_t* screen);
     bool CheckFormat(std::string* error) const;
-    xcb_atom_t Atom(const char* name);
     void LoadKeyboardMapping();
 
     Shown& Create(HWND hwnd);

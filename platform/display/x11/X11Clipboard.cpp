@@ -3,6 +3,7 @@
 // from its own code, not from an input event that carries one.
 #include "display/x11/X11Clipboard.h"
 
+#include "display/x11/X11Atoms.h"
 #include "display/x11/X11ClipboardText.h"
 
 #include <platform/CodePage.h>
@@ -32,13 +33,13 @@ struct Freed {
 
 X11Clipboard::X11Clipboard(xcb_connection_t* connection, xcb_screen_t* screen, Defer defer)
     : m_connection(connection), m_defer(std::move(defer)) {
-    m_clipboard = Atom("CLIPBOARD");
-    m_targets = Atom("TARGETS");
-    m_utf8 = Atom("UTF8_STRING");
-    m_text = Atom("TEXT");
-    m_png = Atom("image/png");
-    m_incr = Atom("INCR");
-    m_property = Atom("WIN_CLIPBOARD_DATA");
+    InternAtoms(m_connection, {{"CLIPBOARD", &m_clipboard},
+                               {"TARGETS", &m_targets},
+                               {"UTF8_STRING", &m_utf8},
+                               {"TEXT", &m_text},
+                               {"image/png", &m_png},
+                               {"INCR", &m_incr},
+                               {"WIN_CLIPBOARD_DATA", &m_property}});
     // The core protocol's limit, or the extended one if that is smaller:
     // requestors that read with the core limit in mind get no property they
     // cannot take whole.
@@ -61,13 +62,6 @@ X11Clipboard::~X11Clipboard() {
         xcb_destroy_window(m_connection, m_window);
         xcb_flush(m_connection);
     }
-}
-
-xcb_atom_t X11Clipboard::Atom(const char* name) {
-    std::unique_ptr<xcb_intern_atom_reply_t, Freed> reply(xcb_intern_atom_reply(
-        m_connection,
-        xcb_intern_atom(m_connection, 0, static_cast<uint16_t>(std::strlen(name)), name), nullptr));
-    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
 void X11Clipboard::Claim() {

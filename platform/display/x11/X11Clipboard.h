@@ -59,7 +59,6 @@ public:
     std::size_t Sending() const { return m_sender->Active(); }
 
 private:
-    xcb_atom_t Atom(const char* name);
     xcb_window_t CurrentOwner();
     void Lose();
     // The data of one target, after a request to the owner: whole or in

@@ -1,5 +1,6 @@
 #include "display/x11/X11ForeignWindows.h"
 
+#include "display/x11/X11Atoms.h"
 #include "display/x11/X11ClipboardText.h"
 
 #include <platform/CodePage.h>
@@ -32,13 +33,13 @@ std::vector<xcb_window_t> Windows(const std::string& bytes) {
 X11ForeignWindows::X11ForeignWindows(xcb_connection_t* connection, xcb_screen_t* screen,
                                      std::function<bool(xcb_window_t)> ours)
     : m_connection(connection), m_root(screen->root), m_ours(std::move(ours)) {
-    m_clientList = Atom("_NET_CLIENT_LIST");
-    m_clientStacking = Atom("_NET_CLIENT_LIST_STACKING");
-    m_wmCheck = Atom("_NET_SUPPORTING_WM_CHECK");
-    m_activeWindow = Atom("_NET_ACTIVE_WINDOW");
-    m_netName = Atom("_NET_WM_NAME");
-    m_utf8 = Atom("UTF8_STRING");
-    m_wmState = Atom("WM_STATE");
+    InternAtoms(m_connection, {{"_NET_CLIENT_LIST", &m_clientList},
+                               {"_NET_CLIENT_LIST_STACKING", &m_clientStacking},
+                               {"_NET_SUPPORTING_WM_CHECK", &m_wmCheck},
+                               {"_NET_ACTIVE_WINDOW", &m_activeWindow},
+                               {"_NET_WM_NAME", &m_netName},
+                               {"UTF8_STRING", &m_utf8},
+                               {"WM_STATE", &m_wmState}});
 }
 
 HWND X11ForeignWindows::HandleOf(xcb_window_t window) {
@@ -51,13 +52,6 @@ xcb_window_t X11ForeignWindows::WindowOf(HWND hwnd) {
     if ((value & 3) != 2 || (value >> 2) > UINT32_MAX)
         return 0;
     return static_cast<xcb_window_t>(value >> 2);
-}
-
-xcb_atom_t X11ForeignWindows::Atom(const char* name) {
-    std::unique_ptr<xcb_intern_atom_reply_t, Freed> reply(xcb_intern_atom_reply(
-        m_connection,
-        xcb_intern_atom(m_connection, 0, static_cast<uint16_t>(std::strlen(name)), name), nullptr));
-    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
 std::optional<X11ForeignWindows::Property> X11ForeignWindows::Read(xcb_window_t window,

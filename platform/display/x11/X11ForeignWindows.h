@@ -31,7 +31,6 @@ public:
     bool Iconic(HWND hwnd) override;
 
 private:
-    xcb_atom_t Atom(const char* name);
     // A property's type and bytes; nothing when the window is gone.
     struct Property {
         xcb_atom_t type = XCB_NONE;
