@@ -2,7 +2,7 @@
 // read whole by xclip, its pieces checked byte for byte by a requestor of the
 // test's own, and a requestor that stalls or goes away holding up no one.
 #ifdef WIN_TEST_HAVE_XCB
-#include "XvfbFixture.h"
+#include "X11ClipboardFixture.h"
 
 #include <platform/Display.h>
 #include <windows.h>
@@ -24,15 +24,11 @@
 namespace {
 
 using testing_support::InternAtom;
+using testing_support::Output;
 
 // The most one piece may hold: the core protocol's request limit less
 // ChangeProperty's own fields.
 constexpr std::size_t kPieceLimit = 65535 * 4 - 24;
-
-struct Output {
-    int status = -1;
-    std::string text;
-};
 
 // A program on its own connection that asks for our clipboard as
 // UTF8_STRING and takes the answer apart as it comes.
@@ -130,54 +126,8 @@ private:
     xcb_atom_t clipboard, property;
 };
 
-class X11ClipboardIncrTest : public testing_support::XvfbFixture<> {
+class X11ClipboardIncrTest : public testing_support::X11ClipboardFixture {
 protected:
-    void SetUp() override {
-        StartServer();
-        if (IsSkipped() || HasFatalFailure())
-            return;
-        if (Run("xclip -version") != 0)
-            GTEST_SKIP() << "xclip is not installed";
-        OpenDisplay();
-    }
-
-    void TearDown() override {
-        if (OpenClipboard(nullptr)) {
-            EmptyClipboard();
-            CloseClipboard();
-        }
-        XvfbFixture::TearDown();
-    }
-
-    // Runs work on a thread of its own while our message loop keeps
-    // answering the display.
-    template <class Work> auto WhilePumping(Work work, int seconds = 20) {
-        auto result = std::async(std::launch::async, work);
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
-        while (result.wait_for(std::chrono::milliseconds(0)) != std::future_status::ready &&
-               std::chrono::steady_clock::now() < deadline)
-            platform::display::WaitForInput(20);
-        EXPECT_EQ(result.wait_for(std::chrono::seconds(0)), std::future_status::ready)
-            << "the work did not finish";
-        return result.get();
-    }
-
-    Output Read(const std::string& command) {
-        const std::string line = "DISPLAY=" + server->Name() + " " + command + " 2>/dev/null";
-        return WhilePumping([line] {
-            Output out;
-            FILE* pipe = popen(line.c_str(), "r");
-            if (!pipe)
-                return out;
-            char buffer[65536];
-            std::size_t n;
-            while ((n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0)
-                out.text.append(buffer, n);
-            out.status = WEXITSTATUS(pclose(pipe));
-            return out;
-        });
-    }
-
     // Puts about size bytes of text on the clipboard (lines ending CR LF,
     // with two-byte characters among them); *utf8 is what the display
     // offers for it.

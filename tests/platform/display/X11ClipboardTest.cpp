@@ -2,7 +2,7 @@
 // our text and pictures read by another program (xclip), another program's
 // text read by ours, whole or in increments, and an owner that never answers.
 #ifdef WIN_TEST_HAVE_XCB
-#include "XvfbFixture.h"
+#include "X11ClipboardFixture.h"
 
 #include <Win/Win.h>
 #include <platform/Display.h>
@@ -24,12 +24,8 @@
 
 namespace {
 
-struct Output {
-    int status = -1;
-    std::string text;
-};
-
 using testing_support::InternAtom;
+using testing_support::Output;
 
 HGLOBAL Block(const void* data, std::size_t bytes) {
     HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
@@ -52,50 +48,8 @@ std::string AnsiOf(HANDLE block) {
     return text;
 }
 
-class X11ClipboardTest : public testing_support::XvfbFixture<> {
+class X11ClipboardTest : public testing_support::X11ClipboardFixture {
 protected:
-    void SetUp() override {
-        StartServer();
-        if (IsSkipped() || HasFatalFailure())
-            return;
-        if (Run("xclip -version") != 0)
-            GTEST_SKIP() << "xclip is not installed";
-        OpenDisplay();
-    }
-
-    void TearDown() override {
-        if (OpenClipboard(nullptr)) {
-            EmptyClipboard();
-            CloseClipboard();
-        }
-        XvfbFixture::TearDown();
-    }
-
-    // Runs a command that reads from us while our message loop keeps
-    // answering the display; its exit status and output.
-    Output Read(const std::string& command) {
-        const std::string line = "DISPLAY=" + server->Name() + " " + command + " 2>/dev/null";
-        std::future<Output> result = std::async(std::launch::async, [line] {
-            Output out;
-            FILE* pipe = popen(line.c_str(), "r");
-            if (!pipe)
-                return out;
-            char buffer[4096];
-            std::size_t n;
-            while ((n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0)
-                out.text.append(buffer, n);
-            out.status = WEXITSTATUS(pclose(pipe));
-            return out;
-        });
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-        while (result.wait_for(std::chrono::milliseconds(0)) != std::future_status::ready &&
-               std::chrono::steady_clock::now() < deadline)
-            platform::display::WaitForInput(20);
-        if (result.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
-            ADD_FAILURE() << command << " did not finish";
-        return result.get();
-    }
-
     void SetText(const std::u16string& text) {
         ASSERT_TRUE(OpenClipboard(nullptr));
         ASSERT_TRUE(EmptyClipboard());
