@@ -8,10 +8,12 @@
 #include <platform/Display.h>
 #include <windows.h>
 
+#include <cairo.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <cstdio>
+#include <cstring>
 #include <future>
 #include <string>
 #include <sys/wait.h>
@@ -22,6 +24,25 @@ struct Output {
     int status = -1;
     std::string text;
 };
+
+// The picture in PNG bytes as a Cairo image, in an error state when the bytes
+// are no whole PNG. The caller destroys it.
+inline cairo_surface_t* DecodePng(const std::string& bytes) {
+    struct Cursor {
+        const std::string* bytes;
+        std::size_t at = 0;
+    } cursor{&bytes};
+    return cairo_image_surface_create_from_png_stream(
+        [](void* closure, unsigned char* data, unsigned int length) {
+            auto* c = static_cast<Cursor*>(closure);
+            if (c->at + length > c->bytes->size())
+                return CAIRO_STATUS_READ_ERROR;
+            std::memcpy(data, c->bytes->data() + c->at, length);
+            c->at += length;
+            return CAIRO_STATUS_SUCCESS;
+        },
+        &cursor);
+}
 
 class X11ClipboardFixture : public XvfbFixture<> {
 protected:

@@ -181,20 +181,7 @@ TEST_F(X11ClipboardTest, APictureIsOfferedAsPng) {
     ASSERT_GT(png.text.size(), 8u);
     EXPECT_EQ(png.text.substr(0, 8), "\x89PNG\r\n\x1a\n");
     // The bytes decode to the picture.
-    struct Cursor {
-        const std::string* bytes;
-        std::size_t at = 0;
-    } cursor{&png.text};
-    cairo_surface_t* image = cairo_image_surface_create_from_png_stream(
-        [](void* closure, unsigned char* data, unsigned int length) {
-            auto* c = static_cast<Cursor*>(closure);
-            if (c->at + length > c->bytes->size())
-                return CAIRO_STATUS_READ_ERROR;
-            std::memcpy(data, c->bytes->data() + c->at, length);
-            c->at += length;
-            return CAIRO_STATUS_SUCCESS;
-        },
-        &cursor);
+    cairo_surface_t* image = testing_support::DecodePng(png.text);
     ASSERT_EQ(cairo_surface_status(image), CAIRO_STATUS_SUCCESS);
     EXPECT_EQ(cairo_image_surface_get_width(image), 30);
     EXPECT_EQ(cairo_image_surface_get_height(image), 20);
