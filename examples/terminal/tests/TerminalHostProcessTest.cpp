@@ -2,6 +2,7 @@
 // window manager's close ends it with status 0, and the display going away
 // under it ends it with a message; either way its program is hung up.
 #ifdef WIN_TEST_HAVE_XCB
+#include "platform/display/XvfbFixture.h"
 #include "platform/display/XvfbServer.h"
 
 #include <gtest/gtest.h>
@@ -131,15 +132,6 @@ xcb_window_t FindWindow(xcb_connection_t* connection, const std::string& prefix)
     return found;
 }
 
-xcb_atom_t Atom(xcb_connection_t* connection, const char* name) {
-    xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
-        connection, xcb_intern_atom(connection, 0, static_cast<uint16_t>(std::strlen(name)), name),
-        nullptr);
-    const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-    free(reply);
-    return atom;
-}
-
 TEST_F(TerminalHostProcessTest, TheWindowManagersCloseEndsTheHostWithZeroAndHangsUp) {
     ASSERT_TRUE(StartHost()) << HostErrors();
     xcb_connection_t* probe = xcb_connect(server->Name().c_str(), nullptr);
@@ -152,8 +144,8 @@ TEST_F(TerminalHostProcessTest, TheWindowManagersCloseEndsTheHostWithZeroAndHang
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = window;
-    message.type = Atom(probe, "WM_PROTOCOLS");
-    message.data.data32[0] = Atom(probe, "WM_DELETE_WINDOW");
+    message.type = testing_support::InternAtom(probe, "WM_PROTOCOLS");
+    message.data.data32[0] = testing_support::InternAtom(probe, "WM_DELETE_WINDOW");
     free(xcb_request_check(probe, xcb_send_event_checked(probe, 0, window, XCB_EVENT_MASK_NO_EVENT,
                                                          reinterpret_cast<const char*>(&message))));
     xcb_disconnect(probe);

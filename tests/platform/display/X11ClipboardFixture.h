@@ -63,6 +63,14 @@ protected:
         XvfbFixture::TearDown();
     }
 
+    // Makes data the clipboard's only contents, as a program puts it there.
+    void Put(UINT format, HANDLE data) {
+        ASSERT_TRUE(OpenClipboard(nullptr));
+        ASSERT_TRUE(EmptyClipboard());
+        ASSERT_TRUE(SetClipboardData(format, data));
+        ASSERT_TRUE(CloseClipboard());
+    }
+
     // Runs work on a thread of its own while our message loop keeps
     // answering the display.
     template <class Work> auto WhilePumping(Work work, int seconds = 20) {

@@ -148,10 +148,7 @@ protected:
         HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
         std::memcpy(GlobalLock(block), text.c_str(), bytes);
         GlobalUnlock(block);
-        ASSERT_TRUE(OpenClipboard(nullptr));
-        ASSERT_TRUE(EmptyClipboard());
-        ASSERT_TRUE(SetClipboardData(CF_UNICODETEXT, block));
-        ASSERT_TRUE(CloseClipboard());
+        ASSERT_NO_FATAL_FAILURE(Put(CF_UNICODETEXT, block));
     }
 };
 
@@ -275,10 +272,7 @@ TEST_F(X11ClipboardIncrTest, ALargePictureGoesAsPngInPieces) {
     SelectObject(memory, old);
     DeleteDC(memory);
     ReleaseDC(nullptr, screen);
-    ASSERT_TRUE(OpenClipboard(nullptr));
-    ASSERT_TRUE(EmptyClipboard());
-    ASSERT_TRUE(SetClipboardData(CF_BITMAP, bitmap));
-    ASSERT_TRUE(CloseClipboard());
+    ASSERT_NO_FATAL_FAILURE(Put(CF_BITMAP, bitmap));
 
     const Output png = Read("xclip -o -selection clipboard -t image/png");
     ASSERT_GT(png.text.size(), kPieceLimit);

@@ -51,11 +51,8 @@ std::string AnsiOf(HANDLE block) {
 class X11ClipboardTest : public testing_support::X11ClipboardFixture {
 protected:
     void SetText(const std::u16string& text) {
-        ASSERT_TRUE(OpenClipboard(nullptr));
-        ASSERT_TRUE(EmptyClipboard());
-        ASSERT_TRUE(SetClipboardData(CF_UNICODETEXT,
-                                     Block(text.c_str(), (text.size() + 1) * sizeof(char16_t))));
-        ASSERT_TRUE(CloseClipboard());
+        ASSERT_NO_FATAL_FAILURE(
+            Put(CF_UNICODETEXT, Block(text.c_str(), (text.size() + 1) * sizeof(char16_t))));
     }
 
     // Puts text on the display's clipboard from xclip, which then serves it
@@ -96,10 +93,7 @@ TEST_F(X11ClipboardTest, OurTextIsReadAsUtf8AndAsLatin1WithLinesEndingInLf) {
 
 TEST_F(X11ClipboardTest, NarrowTextIsOfferedThroughTheCodePage) {
     const char ansi[] = "caf\xe9 \x80"; // 0x80 is the euro sign in windows-1252
-    ASSERT_TRUE(OpenClipboard(nullptr));
-    ASSERT_TRUE(EmptyClipboard());
-    ASSERT_TRUE(SetClipboardData(CF_TEXT, Block(ansi, sizeof ansi)));
-    ASSERT_TRUE(CloseClipboard());
+    ASSERT_NO_FATAL_FAILURE(Put(CF_TEXT, Block(ansi, sizeof ansi)));
     EXPECT_EQ(Read("xclip -o -selection clipboard").text, "caf\xc3\xa9 \xe2\x82\xac");
     EXPECT_EQ(Read("xclip -o -selection clipboard -t STRING").text, "caf\xe9 ?");
 }
@@ -169,10 +163,7 @@ TEST_F(X11ClipboardTest, APictureIsOfferedAsPng) {
     SelectObject(memory, old);
     DeleteDC(memory);
     ReleaseDC(nullptr, screen);
-    ASSERT_TRUE(OpenClipboard(nullptr));
-    ASSERT_TRUE(EmptyClipboard());
-    ASSERT_TRUE(SetClipboardData(CF_BITMAP, bitmap));
-    ASSERT_TRUE(CloseClipboard());
+    ASSERT_NO_FATAL_FAILURE(Put(CF_BITMAP, bitmap));
 
     Output targets = Read("xclip -o -selection clipboard -t TARGETS");
     EXPECT_NE(targets.text.find("image/png"), std::string::npos);
