@@ -46,6 +46,8 @@ struct Options {
     int rounds = 5;
     int keys = 40;
     bool wholeWindow = false;
+    // Empty: every peer installed; else only those named (comma-separated).
+    std::string peers;
     std::string json;
     std::string report;
 };
@@ -64,6 +66,8 @@ bool ParseOptions(int argc, char** argv, Options& options) {
             options.keys = std::atoi(value);
         else if (arg == "--poll" && (std::string(value) == "whole" || std::string(value) == "echo"))
             options.wholeWindow = std::string(value) == "whole";
+        else if (arg == "--peers")
+            options.peers = value;
         else if (arg == "--json")
             options.json = value;
         else if (arg == "--report")
@@ -71,8 +75,10 @@ bool ParseOptions(int argc, char** argv, Options& options) {
         else
             return false;
     }
+    // The timed keys echo on one text line of 80 columns, the line the first
+    // key found.
     return argc % 2 == 1 && !options.ours.empty() && options.bytes > 0 && options.rounds > 0 &&
-           options.keys > 0;
+           options.keys > 0 && options.keys <= 70;
 }
 
 double Median(std::vector<double> values) {
@@ -188,7 +194,7 @@ int main(int argc, char** argv) {
     if (!ParseOptions(argc, argv, options)) {
         std::fprintf(stderr,
                      "usage: %s --ours TERMINAL_HOST [--bytes N] [--rounds N] [--keys N] "
-                     "[--poll echo|whole] [--json PATH] [--report PATH]\n",
+                     "[--poll echo|whole] [--peers a,b] [--json PATH] [--report PATH]\n",
                      argv[0]);
         return 2;
     }
@@ -197,7 +203,12 @@ int main(int argc, char** argv) {
         return 0;
     }
     std::vector<std::string> missing;
-    const std::vector<Terminal> terminals = Terminals(options.ours, &missing);
+    std::vector<Terminal> terminals = Terminals(options.ours, &missing);
+    if (!options.peers.empty())
+        std::erase_if(terminals, [&](const Terminal& t) {
+            return !t.ours &&
+                   ("," + options.peers + ",").find("," + t.name + ",") == std::string::npos;
+        });
     for (const std::string& peer : missing)
         std::printf("terminal window bench: %s is not installed; left out\n", peer.c_str());
     if (access(options.ours.c_str(), X_OK) != 0) {
