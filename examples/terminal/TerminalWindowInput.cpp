@@ -224,16 +224,15 @@ void TerminalWindow::OnContextMenu(int x, int y) {
     const bool wide = m_screen->NumColumns() == 132;
     menu.AppendMenu(MF_STRING | (wide ? 0 : MF_CHECKED), kColumns80, u"&80 columns");
     menu.AppendMenu(MF_STRING | (wide ? MF_CHECKED : 0), kColumns132, u"&132 columns");
-    // The font choices sit in the menu itself: shortcut menus here open no
-    // pop-ups of their own.
-    menu.AppendMenu(MF_SEPARATOR);
+    CMenu fonts;
+    fonts.CreatePopupMenu();
     for (std::size_t i = 0; i < Fonts().size(); ++i) {
         const Font& font = Fonts()[i];
-        CString label =
-            u"Font: " + CString(font.face) + u" " + platform::FromUtf8(std::to_string(font.size));
+        CString label = CString(font.face) + u" " + platform::FromUtf8(std::to_string(font.size));
         const bool current = m_options.face == font.face && m_options.size == font.size;
-        menu.AppendMenu(MF_STRING | (current ? MF_CHECKED : 0), kFontFirst + i, label);
+        fonts.AppendMenu(MF_STRING | (current ? MF_CHECKED : 0), kFontFirst + i, label);
     }
+    menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(fonts.Detach()), u"&Font");
     menu.TrackPopupMenu(TPM_LEFTALIGN | TPM_RIGHTBUTTON, x, y, this);
     menu.DestroyMenu();
 }

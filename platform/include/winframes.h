@@ -107,8 +107,8 @@ BOOL DrawMenuBar(HWND hwnd);
 // result is TRUE. FALSE, or 0, for an unknown menu or owner
 // (ERROR_INVALID_MENU_HANDLE, ERROR_INVALID_WINDOW_HANDLE), while another
 // shortcut menu is open (ERROR_POPUP_ALREADY_ACTIVE), and for a menu without
-// items, which shows nothing. Items that open pop-ups of their own are shown
-// but cannot be picked. reserved and rect are not used.
+// items, which shows nothing. An item with a pop-up opens it beside itself
+// (WM_INITMENUPOPUP first). reserved and rect are not used.
 #define TPM_LEFTBUTTON 0x0000L
 #define TPM_RIGHTBUTTON 0x0002L
 #define TPM_LEFTALIGN 0x0000L

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kItemPadding = 7;
 constexpr int kChildButtonWidth = 28;
+constexpr COLORREF kOpenBand = RGB(145, 201, 247);
 
 // The minimise, restore and close buttons of a maximised document window,
 // drawn as thin glyphs at the right end of the bar.
@@ -70,7 +71,7 @@ std::vector<RECT> MenuBarItemRects(HDC hdc, const Menu& menu, const RECT& bar) {
     return rects;
 }
 
-void PaintMenuBar(HDC hdc, const Menu& menu, const RECT& bar, bool maximizedChild) {
+void PaintMenuBar(HDC hdc, const Menu& menu, const RECT& bar, bool maximizedChild, int open) {
     FillSolid(hdc, bar, GetSysColor(COLOR_MENUBAR));
     const std::vector<RECT> rects = MenuBarItemRects(hdc, menu, bar);
     HGDIOBJ oldFont = SelectObject(hdc, MenuFont());
@@ -80,6 +81,9 @@ void PaintMenuBar(HDC hdc, const Menu& menu, const RECT& bar, bool maximizedChil
         if (item.flags & MF_SEPARATOR)
             continue;
         RECT text = rects[i];
+        // The item whose drop-down is open sits on the hot band of the menus.
+        if (static_cast<int>(i) == open)
+            FillSolid(hdc, rects[i], kOpenBand);
         SetTextColor(hdc, GetSysColor((item.flags & (MF_GRAYED | MF_DISABLED)) ? COLOR_GRAYTEXT
                                                                                : COLOR_MENUTEXT));
         // Mnemonics are underlined only once the keyboard asks for them.

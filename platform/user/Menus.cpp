@@ -32,9 +32,13 @@ HMENU NewMenu(bool popup) {
     return handle;
 }
 
+// How deep a search goes through pop-ups: a menu may hold itself, directly
+// or through its pop-ups, and a search must still end.
+constexpr int kMaxMenuDepth = 32;
+
 // The item named by position or by command, searched depth first through the
 // pop-ups for a command; the menu that holds it comes back in owner.
-MenuItem* Locate(Menu* menu, UINT position, UINT flags, Menu** owner) {
+MenuItem* Locate(Menu* menu, UINT position, UINT flags, Menu** owner, int depth = 0) {
     if (flags & MF_BYPOSITION) {
         if (position >= menu->items.size())
             return nullptr;
@@ -46,8 +50,9 @@ MenuItem* Locate(Menu* menu, UINT position, UINT flags, Menu** owner) {
             *owner = menu;
             return &item;
         }
-        if (Menu* sub = FindMenu(item.popup))
-            if (MenuItem* found = Locate(sub, position, flags, owner))
+        Menu* sub = depth < kMaxMenuDepth ? FindMenu(item.popup) : nullptr;
+        if (sub)
+            if (MenuItem* found = Locate(sub, position, flags, owner, depth + 1))
                 return found;
     }
     return nullptr;
@@ -95,7 +100,7 @@ Menu* FindMenu(HMENU handle) {
 
 bool FindMenuItemPath(HMENU handle, UINT command, std::vector<MenuStep>* path) {
     Menu* menu = FindMenu(handle);
-    if (!menu)
+    if (!menu || path->size() > static_cast<std::size_t>(kMaxMenuDepth))
         return false;
     for (std::size_t i = 0; i < menu->items.size(); ++i) {
         const MenuItem& item = menu->items[i];

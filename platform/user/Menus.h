@@ -8,6 +8,8 @@
 
 namespace platform::user {
 
+struct Window;
+
 struct MenuItem {
     std::u16string text; // with its '&' mnemonic and '\t' accelerator text
     UINT id = 0;
@@ -41,21 +43,44 @@ HFONT MenuFont();
 // The menu bar's items laid out in bar, a rectangle of the window's DC.
 std::vector<RECT> MenuBarItemRects(HDC hdc, const Menu& menu, const RECT& bar);
 // Draws the menu bar of a window into bar (window coordinates).
-void PaintMenuBar(HDC hdc, const Menu& menu, const RECT& bar, bool maximizedChild);
+// The item at open is drawn as open (-1 for none).
+void PaintMenuBar(HDC hdc, const Menu& menu, const RECT& bar, bool maximizedChild, int open = -1);
 
-// The shortcut menu that TrackPopupMenu shows: its window, the menu, where
-// each item lies in the window's client area, and the item under the mouse.
-struct TrackedPopup {
+// One open menu window of a menu being tracked: the menu, where each item
+// lies in the window's client area, and the item under the mouse.
+struct MenuLevel {
     HWND window = nullptr;
     HMENU menu = nullptr;
-    HWND owner = nullptr;
     std::vector<RECT> itemRects;
     int hot = -1;
+};
+// A menu being tracked, by TrackPopupMenu or from a window's menu bar: the
+// shortcut menu or the bar's drop-down first, then each pop-up opened from
+// the one before it.
+struct TrackedPopup {
+    HWND owner = nullptr;
+    std::vector<MenuLevel> levels;
+    // Tracking from the owner's menu bar: the bar, and its item whose
+    // drop-down is open (-1 for a shortcut menu).
+    HMENU bar = nullptr;
+    int barItem = -1;
     bool done = false;
     UINT chosen = 0;
 };
-// The shortcut menu open now, or null.
+// The menu being tracked now, or null.
 const TrackedPopup* CurrentPopup();
+// Opens the pop-up of the item at index of the open level (the levels after
+// it close first); false when the item opens none.
+bool OpenPopupLevel(std::size_t level, int index);
+// Runs the menu bar of hwnd with its item at index open until the user picks
+// a command (posted to hwnd as WM_COMMAND) or closes it.
+void TrackMenuBar(HWND hwnd, int index);
+// The item of hwnd's menu bar whose drop-down is open, or -1.
+int OpenMenuBarItem(HWND hwnd);
+// The menu bar of a window in window coordinates (empty without one), and
+// the bar item at a point of the screen (-1 for none).
+RECT MenuBarRect(const Window* window);
+int MenuBarItemAt(HWND hwnd, POINT screen);
 // The size of a pop-up menu's window for its items, and where each item lies.
 SIZE LayOutPopup(HDC hdc, const Menu& menu, std::vector<RECT>* itemRects);
 // Draws a pop-up menu into its window's client area.

@@ -93,8 +93,8 @@ void PaintNonClient(Window* window) {
         DrawCaption(hdc, window,
                     RECT{band, band, width - band, band + GetSystemMetrics(SM_CYCAPTION) - 1});
     if (const Menu* menu = window->style & WS_CHILD ? nullptr : FindMenu(window->menu))
-        PaintMenuBar(hdc, *menu, RECT{band, top - GetSystemMetrics(SM_CYMENU), width - band, top},
-                     MaximizedMdiChild(window) != nullptr);
+        PaintMenuBar(hdc, *menu, MenuBarRect(window), MaximizedMdiChild(window) != nullptr,
+                     OpenMenuBarItem(window->handle));
     if (clientEdge) {
         RECT r{band, top, width - band, height - band};
         Sunken(hdc, r, GetSysColor(COLOR_BTNSHADOW), GetSysColor(COLOR_BTNHIGHLIGHT));

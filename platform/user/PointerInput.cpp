@@ -104,6 +104,13 @@ void PostButton(HWND top, POINT desktop, MouseButton button, bool down, WPARAM k
     if (!target)
         return;
     SetCursorPos(desktop.x, desktop.y);
+    // A press on a window's menu bar is the non-client press that opens the
+    // bar's menu. The rest of the frame is the window manager's on a display.
+    if (down && button == MouseButton::Left && target == top && !GetCapture() &&
+        SendMessage(target, WM_NCHITTEST, 0, MAKELPARAM(desktop.x, desktop.y)) == HTMENU) {
+        PostMessage(target, WM_NCLBUTTONDOWN, HTMENU, MAKELPARAM(desktop.x, desktop.y));
+        return;
+    }
     const bool isDouble = down && IsDoubleClick(target, button, desktop, time);
     WPARAM wParam = keys;
     if (button == MouseButton::X1 || button == MouseButton::X2)

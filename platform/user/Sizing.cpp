@@ -5,6 +5,8 @@
 // left to act it ends as Escape would, with the window put back.
 #include "Sizing.h"
 
+#include "Menus.h"
+
 #include <platform/MessagePump.h>
 
 #include <algorithm>
@@ -199,7 +201,10 @@ LRESULT NonClientHitTest(const Window* window, POINT screen) {
 }
 
 void NonClientPress(HWND hwnd, WPARAM hit, LPARAM where) {
-    if (hit >= HTLEFT && hit <= HTBOTTOMRIGHT)
+    if (hit == HTMENU)
+        TrackMenuBar(hwnd, MenuBarItemAt(hwnd, POINT{static_cast<short>(LOWORD(where)),
+                                                     static_cast<short>(HIWORD(where))}));
+    else if (hit >= HTLEFT && hit <= HTBOTTOMRIGHT)
         SendMessage(hwnd, WM_SYSCOMMAND, SC_SIZE + (hit - HTLEFT + WMSZ_LEFT), where);
 }
 

@@ -184,9 +184,9 @@ void RightClickAt(HWND hwnd, POINT client);
 // pointer where it is: WM_MOUSEWHEEL goes to the focus window, which passes
 // it up to its parent if it does not scroll.
 void TurnWheel(int notches);
-// Picks the item with this command in the open shortcut menu as a user does:
-// the mouse moves onto the item and clicks it. Without an open menu, or for
-// a missing or greyed item, the attempt is recorded and nothing happens.
+// Picks the item with this command in the open menu as a user does: the
+// mouse opens the pop-ups on the way, moves onto the item and clicks it. With
+// no menu open, or a missing or greyed item, it is recorded and nothing done.
 void PickPopupMenuItem(UINT command);
 // Closes the open shortcut menu without a pick, as Escape does.
 void DismissPopupMenu();
@@ -201,7 +201,7 @@ struct PopupMenuView {
     RECT rect{}; // the menu's window on the screen
     std::vector<PopupMenuItemView> items;
 };
-// Reads the open shortcut menu; false when none is open.
+// Reads the innermost open menu level; false when no menu is open.
 bool ReadPopupMenu(PopupMenuView* view);
 
 } // namespace platform::automation

@@ -230,18 +230,80 @@ TEST_F(PopupMenuTest, CallsThatCannotShowAMenuAreRefused) {
     EXPECT_EQ(automation::Record()[1], "dismiss shortcut menu: none is open");
 }
 
-TEST_F(PopupMenuTest, AnItemThatOpensAPopUpCannotBePicked) {
+TEST_F(PopupMenuTest, AnItemThatOpensAPopUpOpensItBesideItself) {
+    HMENU nested = CreatePopupMenu();
+    AppendMenu(nested, MF_STRING, ID_NESTED, u"&Inner");
+    AppendMenu(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(nested), u"&More");
+    automation::PopupMenuView outer, inner;
+    automation::Do([&] { automation::ReadPopupMenu(&outer); });
+    automation::PickPopupMenuItem(ID_NESTED);
+    EXPECT_EQ(Track(TPM_RETURNCMD), static_cast<BOOL>(ID_NESTED));
+    ASSERT_EQ(outer.items.size(), 5u);
+    EXPECT_EQ(outer.items[4].command, 0u);
+    EXPECT_TRUE(outer.items[4].flags & MF_POPUP);
+    // The owner heard of each pop-up as it opened.
+    EXPECT_EQ(g_messages, (std::vector<UINT>{WM_ENTERMENULOOP, WM_INITMENUPOPUP, WM_INITMENUPOPUP,
+                                             WM_EXITMENULOOP}));
+
+    // The pointer on the item opens its pop-up at its right, level with it;
+    // on another item it closes again.
+    automation::Do([&] { automation::ReadPopupMenu(&outer); });
+    automation::Do(
+        [&] { PostMessage(outer.window, WM_MOUSEMOVE, 0, MAKELPARAM(40, 3 + 22 * 3 + 9 + 11)); });
+    automation::Do([&] { automation::ReadPopupMenu(&inner); });
+    automation::Do([&] { PostMessage(outer.window, WM_MOUSEMOVE, 0, MAKELPARAM(40, 3 + 11)); });
+    automation::PopupMenuView after;
+    automation::Do([&] { automation::ReadPopupMenu(&after); });
+    automation::DismissPopupMenu();
+    EXPECT_EQ(Track(TPM_RETURNCMD), 0);
+    ASSERT_EQ(inner.items.size(), 1u);
+    EXPECT_EQ(inner.items[0].command, ID_NESTED);
+    EXPECT_EQ(inner.rect.left, outer.rect.right - 3);
+    EXPECT_EQ(inner.rect.top, outer.rect.top + 3 + 22 * 3 + 9 - 3);
+    EXPECT_EQ(after.window, outer.window);
+}
+
+TEST_F(PopupMenuTest, TheKeyboardOpensAndClosesPopUpsAndTypesMnemonics) {
+    HMENU nested = CreatePopupMenu();
+    AppendMenu(nested, MF_STRING, ID_NESTED, u"&Inner");
+    AppendMenu(nested, MF_STRING, ID_OPEN + 10, u"&Other");
+    AppendMenu(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(nested), u"&More");
+    // Up from nothing is the last item, the pop-up; Right opens it with its
+    // first item hot, Left closes it, Right again and Down, Enter.
+    automation::Key(VK_UP);
+    automation::Key(VK_RIGHT);
+    automation::Key(VK_LEFT);
+    automation::Key(VK_RIGHT);
+    automation::Key(VK_DOWN);
+    automation::Key(VK_RETURN);
+    EXPECT_EQ(Track(TPM_RETURNCMD), static_cast<BOOL>(ID_OPEN + 10));
+    // A letter picks the item it underlines, through the pop-ups; Escape
+    // closes one level at a time.
+    automation::Type(u"m");
+    automation::Key(VK_ESCAPE);
+    automation::Type(u"s");
+    EXPECT_EQ(Track(TPM_RETURNCMD), static_cast<BOOL>(ID_SAVE));
+    automation::Type(u"mi");
+    EXPECT_EQ(Track(TPM_RETURNCMD), static_cast<BOOL>(ID_NESTED));
+    // No character reached the owner afterwards.
+    platform::PumpMessages();
+    EXPECT_TRUE(g_commands.empty());
+}
+
+TEST_F(PopupMenuTest, APopUpThatWouldLeaveTheScreenOpensOnTheLeft) {
     HMENU nested = CreatePopupMenu();
     AppendMenu(nested, MF_STRING, ID_NESTED, u"Inner");
     AppendMenu(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(nested), u"More");
-    automation::PopupMenuView view;
-    automation::Do([&] { automation::ReadPopupMenu(&view); });
-    automation::PickPopupMenuItem(ID_NESTED);
+    const int width = GetSystemMetrics(SM_CXSCREEN);
+    automation::PopupMenuView outer, inner;
+    automation::Do([&] { automation::ReadPopupMenu(&outer); });
+    automation::Key(VK_UP);
+    automation::Key(VK_RIGHT);
+    automation::Do([&] { automation::ReadPopupMenu(&inner); });
     automation::DismissPopupMenu();
-    EXPECT_EQ(Track(TPM_RETURNCMD), 0);
-    ASSERT_EQ(view.items.size(), 5u);
-    EXPECT_EQ(view.items[4].command, 0u);
-    EXPECT_TRUE(view.items[4].flags & MF_POPUP);
+    Track(TPM_RIGHTALIGN, width - 5, 100);
+    EXPECT_EQ(outer.rect.right, width - 5);
+    EXPECT_EQ(inner.rect.right, outer.rect.left + 3);
 }
 
 // The menu as a person sees it, read back from a picture of its place.

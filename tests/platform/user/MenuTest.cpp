@@ -107,6 +107,19 @@ TEST_F(MenuTest, DeletingAPopupDestroysItRemovingItDoesNot) {
     EXPECT_EQ(GetMenuItemCount(bar), -1);
 }
 
+TEST_F(MenuTest, AMenuThatHoldsItselfIsStillSearchedAndDestroyed) {
+    HMENU inner = CreatePopupMenu();
+    AppendMenu(inner, MF_STRING, 7, u"x");
+    ASSERT_TRUE(AppendMenu(file, MF_POPUP, reinterpret_cast<UINT_PTR>(inner), u"&Inner"));
+    ASSERT_TRUE(AppendMenu(inner, MF_POPUP, reinterpret_cast<UINT_PTR>(bar), u"loop"));
+    // Found through the loop, and a missing command is missing.
+    EXPECT_EQ(GetMenuState(bar, 7, MF_BYCOMMAND), 0u);
+    EXPECT_EQ(GetMenuState(bar, 4711, MF_BYCOMMAND), static_cast<UINT>(-1));
+    EXPECT_EQ(CheckMenuItem(bar, 4711, MF_CHECKED), static_cast<DWORD>(-1));
+    EXPECT_TRUE(DestroyMenu(bar));
+    EXPECT_FALSE(IsMenu(inner));
+}
+
 TEST_F(MenuTest, TheMenuBarTakesItsHeightFromTheClientAreaAndGoesWithTheWindow) {
     ASSERT_NE(CreateWithMenu(nullptr), nullptr);
     RECT without;

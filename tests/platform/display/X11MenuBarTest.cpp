@@ -1,0 +1,123 @@
+// A window's menu bar from a private X server: a real click on the bar opens
+// the drop-down in an X window of its own, and a click on one of its items,
+// or the keys through a cascading pop-up, make the window's command.
+#ifdef WIN_TEST_HAVE_XCB
+#include "XvfbFixture.h"
+
+#include <platform/Automation.h>
+#include <platform/Display.h>
+#include <platform/MessagePump.h>
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+constexpr UINT ID_OPEN = 201, ID_ONE = 202, ID_TWO = 203;
+
+std::vector<UINT> g_commands;
+
+LRESULT CommandProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_COMMAND)
+        g_commands.push_back(LOWORD(wParam));
+    return DefWindowProc(hwnd, message, wParam, lParam);
+}
+
+class X11MenuBarTest : public testing_support::XvfbFixture<> {
+protected:
+    void SetUp() override {
+        XvfbFixture::SetUp();
+        if (IsSkipped() || HasFatalFailure())
+            return;
+        if (Run("xdotool version") != 0)
+            GTEST_SKIP() << "xdotool is not installed";
+        g_commands.clear();
+        WNDCLASS wc{};
+        wc.lpfnWndProc = CommandProc;
+        wc.lpszClassName = u"X11MenuBar";
+        wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+        RegisterClass(&wc);
+        HMENU bar = CreateMenu();
+        HMENU file = CreatePopupMenu();
+        HMENU recent = CreatePopupMenu();
+        AppendMenu(recent, MF_STRING, ID_ONE, u"&1 one.txt");
+        AppendMenu(recent, MF_STRING, ID_TWO, u"&2 two.txt");
+        AppendMenu(file, MF_STRING, ID_OPEN, u"&Open");
+        AppendMenu(file, MF_POPUP, reinterpret_cast<UINT_PTR>(recent), u"&Recent");
+        AppendMenu(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), u"&File");
+        top = CreateWindowEx(0, u"X11MenuBar", u"Menu bar", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40,
+                             30, 320, 240, nullptr, bar, nullptr, nullptr);
+        ASSERT_TRUE(PumpUntil([&] { return platform::display::XWindowOf(top) != 0; }));
+        origin = POINT{0, 0};
+        ClientToScreen(top, &origin);
+    }
+
+    void TearDown() override {
+        platform::SetIdleHandler(nullptr);
+        if (IsWindow(top))
+            DestroyWindow(top);
+        UnregisterClass(u"X11MenuBar", nullptr);
+        XvfbFixture::TearDown();
+    }
+
+    // Runs xdotool's actions in the background, so that the loop here takes
+    // each one as it comes, and pumps until a command arrives.
+    bool Act(const std::string& actions) {
+        if (Run("xdotool " + actions + " >/dev/null 2>&1 &") != 0)
+            return false;
+        return PumpUntil([] { return !g_commands.empty(); });
+    }
+
+    // xdotool's "mousemove X Y" to a screen point.
+    static std::string MoveTo(int x, int y) {
+        return "mousemove " + std::to_string(x) + " " + std::to_string(y) + " ";
+    }
+
+    HWND top = nullptr;
+    POINT origin{};
+};
+
+TEST_F(X11MenuBarTest, AClickOnTheBarThenOnAnItemMakesItsCommand) {
+    const int barY = origin.y - GetSystemMetrics(SM_CYMENU) / 2;
+    // While the menu is open, once the display has been brought up to date
+    // (the loop's idle moments after the first), its drop-down is an X window
+    // of its own showing what the desktop draws.
+    unsigned shown = 0;
+    bool same = false;
+    platform::SetIdleHandler([&] {
+        platform::automation::PopupMenuView view;
+        if (same || !platform::automation::ReadPopupMenu(&view))
+            return false;
+        shown = platform::display::XWindowOf(view.window);
+        int width = 0, height = 0;
+        const std::vector<uint32_t> drawn =
+            testing_support::HeadlessPixels(view.window, &width, &height);
+        for (int tries = 0; shown && tries < 50 && !same; ++tries) {
+            same = DisplayPixels(shown, width, height) == drawn;
+            if (!same)
+                std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        return false;
+    });
+    ASSERT_TRUE(Act(MoveTo(origin.x + 10, barY) + "click 1 sleep 0.4 " +
+                    MoveTo(origin.x + 40, origin.y + 3 + 11) + "sleep 0.2 click 1"));
+    platform::SetIdleHandler(nullptr);
+    EXPECT_EQ(g_commands, std::vector<UINT>{ID_OPEN});
+    EXPECT_NE(shown, 0u);
+    EXPECT_TRUE(same);
+}
+
+TEST_F(X11MenuBarTest, TheKeysGoThroughACascadingPopUp) {
+    const int barY = origin.y - GetSystemMetrics(SM_CYMENU) / 2;
+    ASSERT_TRUE(
+        Act(MoveTo(origin.x + 10, barY) + "click 1 sleep 0.4 key Down Down Right Down Return"));
+    EXPECT_EQ(g_commands, std::vector<UINT>{ID_TWO});
+}
+
+} // namespace
+#endif

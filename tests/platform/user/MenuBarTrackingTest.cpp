@@ -1,0 +1,186 @@
+// The menu bar under the mouse and the keyboard: a press on an item opens
+// its drop-down under it, the pointer moving along the bar or Left and Right
+// open the others, pop-ups cascade from the drop-downs, and a pick becomes
+// the window's WM_COMMAND.
+#include <windows.h>
+
+#include <platform/Automation.h>
+#include <platform/MessagePump.h>
+#include <platform/WindowPictures.h>
+
+#include "support/TempDir.h"
+
+#include <cairo.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace automation = platform::automation;
+
+constexpr UINT ID_OPEN = 101, ID_ONE = 102, ID_TWO = 103, ID_EXIT = 104, ID_COPY = 105,
+               ID_HELP = 106;
+
+std::vector<std::string> g_messages;
+
+LRESULT RecordingProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_COMMAND)
+        g_messages.push_back("command " + std::to_string(LOWORD(wParam)));
+    else if (message == WM_INITMENU)
+        g_messages.push_back("init menu");
+    else if (message == WM_INITMENUPOPUP)
+        g_messages.push_back("init popup " + std::to_string(LOWORD(lParam)));
+    else if (message == WM_ENTERMENULOOP || message == WM_EXITMENULOOP)
+        g_messages.push_back(message == WM_ENTERMENULOOP ? "enter" : "exit");
+    return DefWindowProc(hwnd, message, wParam, lParam);
+}
+
+class MenuBarTrackingTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        automation::Reset();
+        g_messages.clear();
+        WNDCLASS wc{};
+        wc.lpfnWndProc = RecordingProc;
+        wc.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
+        wc.lpszClassName = u"MenuBarTracking";
+        RegisterClass(&wc);
+        HMENU bar = CreateMenu();
+        HMENU file = CreatePopupMenu();
+        HMENU recent = CreatePopupMenu();
+        HMENU edit = CreatePopupMenu();
+        AppendMenu(recent, MF_STRING, ID_ONE, u"&1 one.txt");
+        AppendMenu(recent, MF_STRING, ID_TWO, u"&2 two.txt");
+        AppendMenu(file, MF_STRING, ID_OPEN, u"&Open");
+        AppendMenu(file, MF_POPUP, reinterpret_cast<UINT_PTR>(recent), u"&Recent");
+        AppendMenu(file, MF_STRING, ID_EXIT, u"E&xit");
+        AppendMenu(edit, MF_STRING, ID_COPY, u"&Copy");
+        AppendMenu(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), u"&File");
+        AppendMenu(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(edit), u"&Edit");
+        AppendMenu(bar, MF_STRING, ID_HELP, u"&Help");
+        window = CreateWindowEx(0, u"MenuBarTracking", u"Bar", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50,
+                                60, 400, 300, nullptr, bar, nullptr, nullptr);
+        ASSERT_TRUE(window);
+        origin = POINT{0, 0};
+        ClientToScreen(window, &origin);
+        barY = origin.y - GetSystemMetrics(SM_CYMENU) / 2;
+        // The mouse pointer, drawn in pictures, stays out of the way.
+        SetCursorPos(5, 5);
+    }
+    void TearDown() override {
+        DestroyWindow(window);
+        platform::PumpMessages();
+        UnregisterClass(u"MenuBarTracking", nullptr);
+        automation::Reset();
+    }
+    // A press on the bar at x (screen), as the mouse makes it, and the
+    // menu's loop run to its end.
+    void PressBar(int x) {
+        PostMessage(window, WM_NCLBUTTONDOWN, HTMENU, MAKELPARAM(x, barY));
+        platform::PumpMessages();
+    }
+    // The first item of the open drop-down, or "" with none open.
+    static std::u16string OpenFirstItem() {
+        automation::PopupMenuView view;
+        return automation::ReadPopupMenu(&view) ? view.items[0].text : u"";
+    }
+
+    HWND window = nullptr;
+    POINT origin{};
+    int barY = 0;
+};
+
+TEST_F(MenuBarTrackingTest, APressOpensTheDropDownUnderItsItemAndAPickIsACommand) {
+    automation::PopupMenuView view;
+    automation::Do([&] { automation::ReadPopupMenu(&view); });
+    automation::PickPopupMenuItem(ID_TWO);
+    PressBar(origin.x + 10);
+    ASSERT_EQ(view.items.size(), 3u);
+    EXPECT_EQ(view.items[0].text, u"&Open");
+    // Under the bar, from its first item's left end.
+    EXPECT_EQ(view.rect.top, origin.y);
+    EXPECT_EQ(view.rect.left, origin.x);
+    // The pick went through the Recent pop-up.
+    EXPECT_EQ(g_messages, (std::vector<std::string>{"enter", "init menu", "init popup 0",
+                                                    "init popup 1", "exit", "command 103"}));
+    automation::PopupMenuView none;
+    EXPECT_FALSE(automation::ReadPopupMenu(&none));
+}
+
+TEST_F(MenuBarTrackingTest, TheOpenItemIsDrawnOnTheHotBandUntilTheMenuCloses) {
+    const auto dir = testing_support::TestOutputDir("menu-bar");
+    const std::string open = (dir / "open.png").string();
+    const std::string closed = (dir / "closed.png").string();
+    const RECT band{origin.x, origin.y - GetSystemMetrics(SM_CYMENU), origin.x + 4, origin.y};
+    automation::Do([&] { platform::SaveDesktopAreaAsPng(band, open); });
+    automation::DismissPopupMenu();
+    PressBar(origin.x + 10);
+    platform::SaveDesktopAreaAsPng(band, closed);
+    auto pixel = [](const std::string& path) {
+        cairo_surface_t* image = cairo_image_surface_create_from_png(path.c_str());
+        cairo_surface_flush(image);
+        const uint32_t p = *reinterpret_cast<const uint32_t*>(
+            cairo_image_surface_get_data(image) + 4 * cairo_image_surface_get_stride(image) + 4);
+        cairo_surface_destroy(image);
+        return RGB((p >> 16) & 0xFF, (p >> 8) & 0xFF, p & 0xFF);
+    };
+    EXPECT_EQ(pixel(open), RGB(145, 201, 247));
+    EXPECT_EQ(pixel(closed), GetSysColor(COLOR_MENUBAR));
+}
+
+TEST_F(MenuBarTrackingTest, MovingAlongTheBarAndLeftAndRightOpenTheOtherDropDowns) {
+    // The pointer moves right along the bar a few pixels at a time.
+    std::vector<std::u16string> seen;
+    for (int x = origin.x + 10; x < origin.x + 200; x += 6) {
+        automation::Do(
+            [&, x] { PostMessage(window, WM_NCMOUSEMOVE, HTMENU, MAKELPARAM(x, barY)); });
+        automation::Do([&] {
+            const std::u16string first = OpenFirstItem();
+            if (seen.empty() || seen.back() != first)
+                seen.push_back(first);
+        });
+    }
+    // Right from Edit passes over Help, a command of the bar itself, back to
+    // File; Left goes back to Edit.
+    automation::Key(VK_RIGHT);
+    automation::Do([&] { seen.push_back(OpenFirstItem()); });
+    automation::Key(VK_LEFT);
+    automation::Do([&] { seen.push_back(OpenFirstItem()); });
+    automation::Key(VK_DOWN);
+    automation::Key(VK_RETURN);
+    PressBar(origin.x + 10);
+    EXPECT_EQ(seen, (std::vector<std::u16string>{u"&Open", u"&Copy", u"&Open", u"&Copy"}));
+    EXPECT_EQ(g_messages.back(), "command 105");
+}
+
+TEST_F(MenuBarTrackingTest, PressesOnTheOpenItemOrElsewhereCloseWithoutACommand) {
+    automation::Do(
+        [&] { PostMessage(window, WM_NCLBUTTONDOWN, HTMENU, MAKELPARAM(origin.x + 10, barY)); });
+    PressBar(origin.x + 10);
+    automation::ClickAt(window, POINT{100, 100});
+    PressBar(origin.x + 10);
+    // Escape closes the drop-down, then the menu.
+    automation::Key(VK_ESCAPE);
+    PressBar(origin.x + 10);
+    for (const std::string& message : g_messages)
+        EXPECT_EQ(message.rfind("command", 0), std::string::npos) << message;
+    EXPECT_EQ(automation::CancelsForWantOfActions(), 0);
+}
+
+TEST_F(MenuBarTrackingTest, ACommandOnTheBarItselfIsPickedAtOnce) {
+    // Help lies right of File and Edit: pressed along the bar until it
+    // answers (the drop-downs on the way close for want of a user).
+    bool picked = false;
+    for (int x = origin.x + 10; x < origin.x + 300 && !picked; x += 6) {
+        g_messages.clear();
+        PressBar(x);
+        picked = !g_messages.empty() && g_messages.back() == "command 106";
+    }
+    ASSERT_TRUE(picked);
+    EXPECT_EQ(g_messages, (std::vector<std::string>{"enter", "init menu", "exit", "command 106"}));
+}
+
+} // namespace
