@@ -112,6 +112,8 @@ bool OpenFromItem(TrackedPopup& tracking, std::size_t level, int index, bool key
     const MenuItem* item = ItemOf(tracking.levels[level], index);
     if (!item || !item->popup || Greyed(*item))
         return false;
+    if (static_cast<std::size_t>(index) >= tracking.levels[level].itemRects.size())
+        return false;
     const HMENU popup = item->popup;
     if (level + 1 < tracking.levels.size() && tracking.levels[level + 1].menu == popup)
         return true;

@@ -555,9 +555,21 @@ LRESULT ComboProc(HWND combo, UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_MOUSEWHEEL: {
         // The list scrolls while it shows (dropped, or always in a simple
-        // combo box), the current item staying as it is.
-        if (!state->list)
-            return DefWindowProc(combo, message, wParam, lParam);
+        // combo box), the current item staying as it is. Closed, the combo
+        // box steps its selection an item a notch, as Up and Down do.
+        if (!state->list) {
+            state->wheelRemainder += GET_WHEEL_DELTA_WPARAM(wParam);
+            const int notches = state->wheelRemainder / WHEEL_DELTA;
+            state->wheelRemainder -= notches * WHEEL_DELTA;
+            const int count = ItemCount(*state);
+            if (notches != 0 && count > 0) {
+                const int index =
+                    state->selected < 0 ? 0 : std::clamp(state->selected - notches, 0, count - 1);
+                if (index != state->selected)
+                    UserSelect(combo, *state, index);
+            }
+            return 0;
+        }
         int rows = WheelRows(state->wheelRemainder, GET_WHEEL_DELTA_WPARAM(wParam));
         int visible = VisibleItems(state->list, *state);
         int top = std::clamp(state->listTop + rows, 0, std::max(0, ItemCount(*state) - visible));

@@ -2,7 +2,7 @@
 // window that does not scroll passes it up to its parent (whose message map
 // gets the delta and the screen point), a multi-line edit scrolls three
 // lines a notch without moving its caret, and a combo box scrolls its list
-// while the list shows.
+// while the list shows and steps its selection while closed.
 #include "ControlTestSupport.h"
 
 #include <afxwin.h>
@@ -167,7 +167,7 @@ HWND DroppedListOf(HWND combo) {
     return search.found;
 }
 
-TEST_F(WheelTest, ADroppedComboListScrollsAndAClosedOnePassesTheWheelOn) {
+TEST_F(WheelTest, ADroppedComboListScrollsAndAClosedOneStepsItsSelection) {
     HWND combo = Add(u"COMBOBOX", CBS_DROPDOWNLIST | WS_TABSTOP, 10, 10, 150, 160, 200);
     for (int i = 0; i < 30; ++i) {
         const std::u16string item = u"item " + std::u16string(1, static_cast<char16_t>(u'A' + i));
@@ -175,17 +175,23 @@ TEST_F(WheelTest, ADroppedComboListScrollsAndAClosedOnePassesTheWheelOn) {
     }
     ::SendMessage(combo, CB_SETCURSEL, 0, 0);
     ::SetFocus(combo);
-    // Closed: the selection stays and the parent gets the wheel.
-    Turn(-1);
+    // Closed: each notch steps the selection, as the arrow keys do, and the
+    // parent gets nothing.
+    Turn(-3);
+    EXPECT_EQ(::SendMessage(combo, CB_GETCURSEL, 0, 0), 3);
+    Turn(1);
+    EXPECT_EQ(::SendMessage(combo, CB_GETCURSEL, 0, 0), 2);
+    Turn(9);
     EXPECT_EQ(::SendMessage(combo, CB_GETCURSEL, 0, 0), 0);
-    EXPECT_EQ(parent.wheels.size(), 1u);
+    EXPECT_EQ(parent.wheels.size(), 0u);
+    ::SendMessage(combo, CB_SETCURSEL, 0, 0);
 
     ::SendMessage(combo, CB_SHOWDROPDOWN, TRUE, 0);
     HWND list = DroppedListOf(combo);
     ASSERT_TRUE(list);
     Turn(-2);
     Turn(1);
-    EXPECT_EQ(parent.wheels.size(), 1u) << "the dropped list used the wheel";
+    EXPECT_EQ(parent.wheels.size(), 0u) << "the dropped list used the wheel";
     EXPECT_TRUE(::SendMessage(combo, CB_GETDROPPEDSTATE, 0, 0));
     // The top row now shows item 3: a click there picks it.
     const auto itemHeight = static_cast<int>(::SendMessage(combo, CB_GETITEMHEIGHT, 0, 0));
