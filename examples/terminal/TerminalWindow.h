@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 class TerminalWindow : public CWnd {
@@ -111,6 +112,7 @@ private:
     // from the user).
     void OnWheel(int delta);
     void OnLeftDown(int x, int y);
+    void OnLeftDouble(int x, int y);
     void OnMouseMove(int x, int y);
     void OnLeftUp();
     void OnContextMenu(int x, int y);
@@ -165,4 +167,14 @@ private:
     bool m_selecting = false;
     bool m_dragged = false;
     CursorPos m_anchor;
+    // What a drag selects by: cells, words (after a double click) or whole
+    // rows (after a third click), and the span it started from.
+    enum class SelectUnit { Cell, Word, Row };
+    SelectUnit m_unit = SelectUnit::Cell;
+    CursorPos m_spanStart, m_spanEnd;
+    std::chrono::steady_clock::time_point m_lastDoubleClick;
+    // The span of the unit around a cell (one-based, inclusive); reading a
+    // row's text marks it, so it runs inside a selection change.
+    std::pair<CursorPos, CursorPos> UnitAround(const CursorPos& at);
+    void SelectSpanTo(const CursorPos& at);
 };

@@ -3,14 +3,21 @@
 #include "KeyBytes.h"
 #include "ScreenOutput.h"
 #include "TerminalWindow.h"
+#include "WordSpan.h"
 
 #include <platform/CodePage.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
 namespace {
+
+// How soon after a double click a third click selects the whole row: the
+// double-click time of the window system.
+constexpr auto kThirdClickTime = std::chrono::milliseconds(500);
 
 bool KeyHeld(int vk) {
     return GetKeyState(vk) < 0;
@@ -43,6 +50,9 @@ LRESULT TerminalWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_LBUTTONDOWN:
         OnLeftDown(x, y);
+        return 0;
+    case WM_LBUTTONDBLCLK:
+        OnLeftDouble(x, y);
         return 0;
     case WM_MOUSEMOVE:
         OnMouseMove(x, y);
@@ -138,13 +148,63 @@ void TerminalWindow::OnLeftDown(int x, int y) {
     m_selecting = true;
     m_dragged = false;
     m_anchor = CellAt(x, y);
+    // A third click soon after a double click on the same row takes the row.
+    const bool third = m_unit == SelectUnit::Word && m_anchor.m_row == m_spanStart.m_row &&
+                       std::chrono::steady_clock::now() - m_lastDoubleClick <= kThirdClickTime;
+    m_unit = third ? SelectUnit::Row : SelectUnit::Cell;
+    if (third) {
+        m_dragged = true;
+        DrawingSelection([&] { SelectSpanTo(m_anchor); });
+        return;
+    }
     DrawingSelection([&] { m_screen->Unselect(); });
+}
+
+void TerminalWindow::OnLeftDouble(int x, int y) {
+    SetFocus();
+    ::SetCapture(m_hWnd);
+    m_selecting = true;
+    m_dragged = true;
+    m_unit = SelectUnit::Word;
+    m_lastDoubleClick = std::chrono::steady_clock::now();
+    m_anchor = CellAt(x, y);
+    DrawingSelection([&] { SelectSpanTo(m_anchor); });
+}
+
+std::pair<CursorPos, CursorPos> TerminalWindow::UnitAround(const CursorPos& at) {
+    const int columns = m_screen->VisColumns();
+    if (m_unit == SelectUnit::Row)
+        return {CursorPos(at.m_row, 1), CursorPos(at.m_row, columns)};
+    if (m_unit == SelectUnit::Cell)
+        return {at, at};
+    m_screen->Select(CursorPos(at.m_row, 1), CursorPos(at.m_row, columns));
+    const CString text = m_screen->SelectedText();
+    const word_span::Span span = word_span::Around(text.Str(), at.m_col - 1, columns);
+    return {CursorPos(at.m_row, span.first + 1), CursorPos(at.m_row, span.last + 1)};
+}
+
+void TerminalWindow::SelectSpanTo(const CursorPos& at) {
+    const auto [first, last] = UnitAround(at);
+    if (at == m_anchor) {
+        m_spanStart = first;
+        m_spanEnd = last;
+    }
+    // The selection reaches from the starting span to the whole unit at the
+    // pointer, whichever way the pointer went.
+    if (first < m_spanStart)
+        m_screen->Select(m_spanEnd, first);
+    else
+        m_screen->Select(m_spanStart, std::max(last, m_spanEnd));
 }
 
 void TerminalWindow::OnMouseMove(int x, int y) {
     if (!m_selecting)
         return;
     const CursorPos at = CellAt(x, y);
+    if (m_unit != SelectUnit::Cell) {
+        DrawingSelection([&] { SelectSpanTo(at); });
+        return;
+    }
     if (!m_dragged && at == m_anchor)
         return;
     m_dragged = true;

@@ -36,10 +36,14 @@ void AttachCreatingObject(HWND hwnd) {
     wnd->SubclassWindow(hwnd);
 }
 
+constexpr UINT kDoubleClicks = 0x0008; // CS_DBLCLKS
+
 void RegisterFrameworkClass() {
     WNDCLASS wc{};
     if (::GetClassInfo(nullptr, kFrameworkClass, &wc))
         return;
+    // The framework's windows get double clicks, as the original's do.
+    wc.style = kDoubleClicks;
     wc.lpfnWndProc = ::DefWindowProc;
     wc.lpszClassName = kFrameworkClass;
     ::RegisterClass(&wc);

@@ -195,6 +195,53 @@ TEST_F(TerminalWindowTest, ADraggedSelectionIsCopiedByKeyAndByTheMenu) {
     ASSERT_TRUE(RunUntil([&] { return !window->Screen().ActiveSelection(); }));
 }
 
+TEST_F(TerminalWindowTest, ADoubleClickTakesAWordAThirdClickTheRowAndDragsGoByThem) {
+    ASSERT_TRUE(Open({"sh", "-c", "echo 'cp /tmp/a-b.txt \"x y\"'; echo next line; sleep 10"}));
+    ASSERT_TRUE(WaitFor("next line"));
+    const HWND hwnd = *window;
+    auto post = [&](UINT message, int row, int col) {
+        const POINT at = CellCentre(row, col);
+        PostMessage(hwnd, message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON,
+                    MAKELPARAM(at.x, at.y));
+    };
+    auto selected = [&](const char16_t* text) {
+        return RunUntil([&] { return window->Screen().SelectedText() == CString(text); }, 2);
+    };
+    // A path is one word; a quote goes alone; the blanks past the text run
+    // to the row's end (a run to the row's end copies with its line break).
+    post(WM_LBUTTONDBLCLK, 0, 8);
+    post(WM_LBUTTONUP, 0, 8);
+    EXPECT_TRUE(selected(u"/tmp/a-b.txt"));
+    post(WM_LBUTTONDBLCLK, 0, 16);
+    post(WM_LBUTTONUP, 0, 16);
+    EXPECT_TRUE(selected(u"\""));
+    post(WM_LBUTTONDBLCLK, 1, 40);
+    post(WM_LBUTTONUP, 1, 40);
+    EXPECT_TRUE(selected(u"\r\n"));
+    // Dragged after the double click, whole words join: forwards to the
+    // next row, and backwards from the first word.
+    post(WM_LBUTTONDBLCLK, 0, 4);
+    post(WM_MOUSEMOVE, 1, 1);
+    post(WM_LBUTTONUP, 1, 1);
+    EXPECT_TRUE(selected(u"/tmp/a-b.txt \"x y\"\r\nnext"));
+    post(WM_LBUTTONDBLCLK, 0, 19);
+    post(WM_MOUSEMOVE, 0, 5);
+    post(WM_LBUTTONUP, 0, 5);
+    EXPECT_TRUE(selected(u"/tmp/a-b.txt \"x y"));
+    // A third click takes the row; dragged, the next row joins whole.
+    post(WM_LBUTTONDBLCLK, 1, 2);
+    post(WM_LBUTTONUP, 1, 2);
+    post(WM_LBUTTONDOWN, 1, 2);
+    post(WM_LBUTTONUP, 1, 2);
+    EXPECT_TRUE(selected(u"next line\r\n"));
+    post(WM_LBUTTONDBLCLK, 0, 0);
+    post(WM_LBUTTONUP, 0, 0);
+    post(WM_LBUTTONDOWN, 0, 0);
+    post(WM_MOUSEMOVE, 1, 0);
+    post(WM_LBUTTONUP, 1, 0);
+    EXPECT_TRUE(selected(u"cp /tmp/a-b.txt \"x y\"\r\nnext line\r\n"));
+}
+
 TEST_F(TerminalWindowTest, PastingWritesTheClipboardToTheProgram) {
     ASSERT_TRUE(Open({"sh", "-c", "read a; read b; read c; echo got:$a/$b/$c"}));
     // Line breaks of the clipboard text arrive as Enter.

@@ -110,5 +110,28 @@ TEST_F(TerminalWindowX11Test, TheWheelOnTheDisplaySendsCursorKeysToAFullScreenPr
     EXPECT_TRUE(Shows(" 1b 4f 42 1b 4f 42 1b 4f 42 1b 4f 41 1b 4f 41 1b 4f 41\n")) << ScreenText();
 }
 
+TEST_F(TerminalWindowX11Test, ADoubleClickOnTheDisplaySelectsAWord) {
+    ASSERT_TRUE(Open({"sh", "-c", "echo alpha beta-gamma delta; sleep 10"}));
+    ASSERT_TRUE(WaitFor("delta"));
+    unsigned xid = 0;
+    ASSERT_TRUE(RunUntil([&] {
+        platform::display::Update();
+        return (xid = platform::display::XWindowOf(*window)) != 0;
+    }));
+    // The X window holds the frame too: the cell's point from its corner.
+    POINT at = CellCentre(0, 9);
+    window->ClientToScreen(&at);
+    RECT frame;
+    window->GetWindowRect(&frame);
+    const std::string id = std::to_string(xid);
+    ASSERT_EQ(testing_support::RunOnDisplay(
+                  server->Name(), "xdotool mousemove --window " + id + " " +
+                                      std::to_string(at.x - frame.left) + " " +
+                                      std::to_string(at.y - frame.top) + " click --repeat 2 1"),
+              0);
+    EXPECT_TRUE(
+        RunUntil([&] { return window->Screen().SelectedText() == CString(u"beta-gamma"); }));
+}
+
 } // namespace
 #endif
