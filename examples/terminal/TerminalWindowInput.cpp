@@ -42,11 +42,16 @@ LRESULT TerminalWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const int y = static_cast<short>(HIWORD(lParam));
     switch (message) {
     case WM_KEYDOWN:
+    case WM_SYSKEYDOWN: // with Alt: the key as it is
         if (OnKeyDown(static_cast<UINT>(wParam)))
             return 0;
         break;
     case WM_CHAR:
         OnChar(static_cast<WCHAR>(wParam));
+        return 0;
+    case WM_SYSCHAR:
+        // Alt and a character: the character after ESC, as a meta key sends it.
+        Send("\x1b" + key_bytes::ForChar(static_cast<WCHAR>(wParam), &m_pendingHigh));
         return 0;
     case WM_LBUTTONDOWN:
         OnLeftDown(x, y);

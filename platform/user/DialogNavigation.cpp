@@ -1,6 +1,9 @@
 // The dialog manager's keyboard interface: Tab and the arrow keys move the
-// focus, Enter presses the default button and Escape the Cancel button.
+// focus, Enter presses the default button and Escape the Cancel button, and
+// the letter a control's text underlines (with Alt, or alone where the focus
+// takes no characters) goes to that control.
 #include "DialogManager.h"
+#include "Keyboard.h"
 #include "WindowManager.h"
 
 #include <algorithm>
@@ -65,6 +68,58 @@ HWND GroupContainer(HWND dialog, HWND control) {
     while (container && container != dialog && !IsControlParent(container))
         container = GetParent(container);
     return container ? container : dialog;
+}
+
+// Every control of the dialog in tab order, those inside control parents
+// (a property sheet's page) in their place.
+void CollectControls(HWND parent, std::vector<HWND>& controls) {
+    for (HWND child = GetWindow(parent, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (!CanTakeFocus(child))
+            continue;
+        if (IsControlParent(child))
+            CollectControls(child, controls);
+        else
+            controls.push_back(child);
+    }
+}
+
+// The control after focus whose text underlines ch, wrapping round: a button
+// is pressed (a check box or radio button takes the focus too), a label or
+// group box sends the focus to the next control that takes it, any other
+// control takes the focus. False when no control has the mnemonic.
+bool GoToMnemonic(HWND dialog, HWND focus, WCHAR ch) {
+    std::vector<HWND> controls;
+    CollectControls(dialog, controls);
+    const auto count = controls.size();
+    auto start = std::find(controls.begin(), controls.end(), focus);
+    const std::size_t first = start == controls.end() ? 0 : (start - controls.begin() + 1) % count;
+    for (std::size_t k = 0; k < count; ++k) {
+        const std::size_t i = (first + k) % count;
+        WCHAR text[256] = {};
+        GetWindowText(controls[i], text, 256);
+        if (!platform::user::SameMnemonic(platform::user::MnemonicOf(text), ch))
+            continue;
+        const LRESULT code = DialogCode(controls[i], nullptr);
+        if (code & DLGC_STATIC) {
+            for (std::size_t n = 1; n < count; ++n) {
+                HWND next = controls[(i + n) % count];
+                if (!(DialogCode(next, nullptr) & DLGC_STATIC) && (Style(next) & WS_TABSTOP)) {
+                    platform::user::FocusDialogControl(dialog, next, true);
+                    return true;
+                }
+            }
+            return true;
+        }
+        if (code & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) {
+            SendMessage(controls[i], BM_CLICK, 0, 0);
+            return true;
+        }
+        platform::user::FocusDialogControl(dialog, controls[i], true);
+        if (code & DLGC_BUTTON)
+            SendMessage(controls[i], BM_CLICK, 0, 0);
+        return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -165,6 +220,14 @@ BOOL IsDialogMessage(HWND dialog, LPMSG msg) {
                 break;
             }
         }
+    }
+    if (msg->message == WM_SYSCHAR || msg->message == WM_CHAR) {
+        const auto ch = static_cast<WCHAR>(msg->wParam);
+        const bool takesChars =
+            msg->message == WM_CHAR &&
+            (DialogCode(msg->hwnd, msg) & (DLGC_WANTCHARS | DLGC_WANTMESSAGE | DLGC_HASSETSEL));
+        if (ch > u' ' && !takesChars && GoToMnemonic(dialog, msg->hwnd, ch))
+            return TRUE;
     }
     TranslateMessage(msg);
     DispatchMessage(msg);

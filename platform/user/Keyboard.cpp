@@ -104,24 +104,54 @@ LPARAM KeyUpParam(UINT vk, WCHAR ch) {
     return static_cast<LPARAM>(KeyDownParam(vk, ch) | 0xC0000000u);
 }
 
-bool PostKeyToFocus(bool down, UINT vk, WCHAR ch) {
+bool PostKeyToFocus(bool down, UINT vk, WCHAR ch, bool alt) {
     HWND target = GetFocus();
     if (!target)
         target = GetActiveWindow();
     if (!target)
         return false;
-    if (down)
-        PostMessage(target, WM_KEYDOWN, vk, KeyDownParam(vk, ch));
-    else
-        PostMessage(target, WM_KEYUP, vk, KeyUpParam(vk, ch));
+    // Keys pressed while Alt is held, Alt itself and F10 are the system's
+    // keys: WM_SYSKEYDOWN and WM_SYSKEYUP, with the context bit set while
+    // Alt is down.
+    const bool system = alt || vk == VK_MENU || vk == VK_F10;
+    LPARAM param = down ? KeyDownParam(vk, ch) : KeyUpParam(vk, ch);
+    if (alt && vk != VK_MENU)
+        param |= static_cast<LPARAM>(1u << 29);
+    const UINT message =
+        system ? (down ? WM_SYSKEYDOWN : WM_SYSKEYUP) : (down ? WM_KEYDOWN : WM_KEYUP);
+    PostMessage(target, message, vk, param);
     return true;
 }
 
+namespace {
+
+WCHAR Fold(WCHAR ch) {
+    return ch >= u'a' && ch <= u'z' ? static_cast<WCHAR>(ch - u'a' + u'A') : ch;
+}
+
+} // namespace
+
+WCHAR MnemonicOf(std::u16string_view text) {
+    for (std::size_t i = 0; i + 1 < text.size() && text[i] != u'\t'; ++i) {
+        if (text[i] != u'&')
+            continue;
+        if (text[i + 1] != u'&')
+            return Fold(text[i + 1]);
+        ++i;
+    }
+    return 0;
+}
+
+bool SameMnemonic(WCHAR a, WCHAR b) {
+    return a && Fold(a) == Fold(b);
+}
+
 void NoteKeyMessage(const MSG& msg) {
-    if (msg.message != WM_KEYDOWN && msg.message != WM_KEYUP)
+    const bool down = msg.message == WM_KEYDOWN || msg.message == WM_SYSKEYDOWN;
+    if (!down && msg.message != WM_KEYUP && msg.message != WM_SYSKEYUP)
         return;
     if (msg.wParam < 256)
-        KeyDown()[msg.wParam] = msg.message == WM_KEYDOWN;
+        KeyDown()[msg.wParam] = down;
 }
 
 } // namespace platform::user
@@ -133,7 +163,7 @@ SHORT GetKeyState(int vk) {
 }
 
 BOOL TranslateMessage(const MSG* msg) {
-    if (!msg || msg->message != WM_KEYDOWN)
+    if (!msg || (msg->message != WM_KEYDOWN && msg->message != WM_SYSKEYDOWN))
         return FALSE;
     WCHAR ch = 0;
     if (msg->wParam == VK_PACKET)
@@ -143,6 +173,7 @@ BOOL TranslateMessage(const MSG* msg) {
                                           GetKeyState(VK_CONTROL) < 0);
     if (!ch)
         return FALSE;
-    PostMessage(msg->hwnd, WM_CHAR, ch, msg->lParam & 0xFFFF);
+    PostMessage(msg->hwnd, msg->message == WM_SYSKEYDOWN ? WM_SYSCHAR : WM_CHAR, ch,
+                msg->lParam & 0x2000FFFF);
     return TRUE;
 }

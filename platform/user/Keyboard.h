@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <string_view>
 #include <vector>
 
 namespace platform::user {
@@ -25,8 +26,15 @@ LPARAM KeyDownParam(UINT vk, WCHAR ch);
 LPARAM KeyUpParam(UINT vk, WCHAR ch);
 
 // Posts a key going down or up to the window with the focus, else the active
-// window, as the keyboard does. False when no window takes keys.
-bool PostKeyToFocus(bool down, UINT vk, WCHAR ch);
+// window, as the keyboard does; alt: Alt is held (without Ctrl, which makes
+// Ctrl+Alt a character key). False when no window takes keys.
+bool PostKeyToFocus(bool down, UINT vk, WCHAR ch, bool alt = false);
+
+// The character a text's '&' underlines, upper-cased (a to z only), or 0;
+// "&&" is a plain '&'. A '\t' ends the text (a menu item's accelerator).
+WCHAR MnemonicOf(std::u16string_view text);
+// Whether two characters are the same mnemonic.
+bool SameMnemonic(WCHAR a, WCHAR b);
 
 // Records a retrieved key message in the key state table.
 void NoteKeyMessage(const MSG& msg);

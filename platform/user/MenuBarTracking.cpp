@@ -3,6 +3,7 @@
 // another item of the bar (or Left and Right) opens that one instead.
 #include "MenuTracking.h"
 
+#include "Keyboard.h"
 #include "WindowManager.h"
 
 #include <algorithm>
@@ -85,7 +86,7 @@ void SwitchBarItem(TrackedPopup& tracking, int index, bool keyboard) {
         MoveHot(tracking, 1);
 }
 
-void TrackMenuBar(HWND hwnd, int index) {
+void TrackMenuBar(HWND hwnd, int index, bool keyboard) {
     Window* window = WindowManager::Instance().Find(hwnd);
     if (!window || !FindMenu(window->menu) || CurrentPopup() || index < 0)
         return;
@@ -103,7 +104,7 @@ void TrackMenuBar(HWND hwnd, int index) {
             if (!(item.flags & (MF_GRAYED | MF_DISABLED | MF_SEPARATOR)))
                 tracking.chosen = item.id;
         } else {
-            SwitchBarItem(tracking, index, false);
+            SwitchBarItem(tracking, index, keyboard);
             RunMenuTracking(tracking);
         }
     }
@@ -114,6 +115,25 @@ void TrackMenuBar(HWND hwnd, int index) {
     SendMessage(hwnd, WM_EXITMENULOOP, FALSE, 0);
     if (tracking.chosen)
         PostMessage(hwnd, WM_COMMAND, MAKEWPARAM(tracking.chosen, 0), 0);
+}
+
+void KeyMenu(HWND hwnd, WCHAR ch) {
+    WindowManager& manager = WindowManager::Instance();
+    Window* window = manager.Find(hwnd);
+    Window* top = window ? manager.TopLevel(window) : nullptr;
+    const Menu* bar = top && !(top->style & WS_CHILD) ? FindMenu(top->menu) : nullptr;
+    if (!bar)
+        return;
+    for (std::size_t i = 0; i < bar->items.size(); ++i) {
+        const MenuItem& item = bar->items[i];
+        if (item.flags & (MF_GRAYED | MF_DISABLED | MF_SEPARATOR))
+            continue;
+        // F10 opens the first drop-down; a letter the item it underlines.
+        if (ch ? SameMnemonic(MnemonicOf(item.text), ch) : item.popup != nullptr) {
+            TrackMenuBar(top->handle, static_cast<int>(i), true);
+            return;
+        }
+    }
 }
 
 } // namespace platform::user

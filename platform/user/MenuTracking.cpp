@@ -245,17 +245,9 @@ void OnMouse(TrackedPopup& tracking, const MSG& msg) {
 std::vector<int> MnemonicMatches(const TrackedPopup& tracking, WCHAR ch) {
     std::vector<int> matches;
     const Menu* menu = FindMenu(tracking.levels.back().menu);
-    auto fold = [](WCHAR c) { return c >= u'a' && c <= u'z' ? static_cast<WCHAR>(c - 32) : c; };
-    for (std::size_t i = 0; menu && i < menu->items.size(); ++i) {
-        const std::u16string& text = menu->items[i].text;
-        for (std::size_t k = 0; k + 1 < text.size() && text[k] != u'\t'; ++k) {
-            if (text[k] != u'&')
-                continue;
-            if (text[k + 1] != u'&' && fold(text[k + 1]) == fold(ch))
-                matches.push_back(static_cast<int>(i));
-            break;
-        }
-    }
+    for (std::size_t i = 0; menu && i < menu->items.size(); ++i)
+        if (SameMnemonic(MnemonicOf(menu->items[i].text), ch))
+            matches.push_back(static_cast<int>(i));
     return matches;
 }
 

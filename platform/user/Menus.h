@@ -73,8 +73,12 @@ const TrackedPopup* CurrentPopup();
 // it close first); false when the item opens none.
 bool OpenPopupLevel(std::size_t level, int index);
 // Runs the menu bar of hwnd with its item at index open until the user picks
-// a command (posted to hwnd as WM_COMMAND) or closes it.
-void TrackMenuBar(HWND hwnd, int index);
+// a command (posted to hwnd as WM_COMMAND) or closes it; from the keyboard
+// the drop-down's first item is hot.
+void TrackMenuBar(HWND hwnd, int index, bool keyboard = false);
+// The keyboard's way into the menu bar of hwnd's top-level window: Alt and
+// the letter an item underlines opens that item, F10 (ch 0) the first.
+void KeyMenu(HWND hwnd, WCHAR ch);
 // The item of hwnd's menu bar whose drop-down is open, or -1.
 int OpenMenuBarItem(HWND hwnd);
 // The menu bar of a window in window coordinates (empty without one), and

@@ -1,5 +1,6 @@
 // Sending, posting, retrieving and dispatching messages, and the default
 // window procedure.
+#include "Menus.h"
 #include "WindowManager.h"
 
 #include "Keyboard.h"
@@ -117,6 +118,17 @@ LRESULT DefWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_SYSCOMMAND:
         platform::user::SystemCommand(hwnd, wParam, lParam);
+        return 0;
+    case WM_SYSCHAR:
+        platform::user::KeyMenu(hwnd, static_cast<WCHAR>(wParam));
+        return 0;
+    case WM_SYSKEYDOWN:
+        if (wParam == VK_F10)
+            platform::user::KeyMenu(hwnd, 0);
+        // Alt+F4 closes the top-level window.
+        else if (wParam == VK_F4 && (lParam & (1 << 29)))
+            if (Window* top = Manager().TopLevel(window))
+                PostMessage(top->handle, WM_CLOSE, 0, 0);
         return 0;
     case WM_SETTEXT:
         window->text = lParam ? reinterpret_cast<LPCWSTR>(lParam) : u"";

@@ -58,6 +58,19 @@ TEST_F(TerminalWindowTest, KeysWithoutCharactersSendVt100Sequences) {
     EXPECT_TRUE(Shows("1b 4f 41 1b 4f 50 1b 5b 35 7e 7f 01 c3 a9")) << ScreenText();
 }
 
+TEST_F(TerminalWindowTest, AltSendsACharacterAfterEscapeAndLeavesOtherKeysAsTheyAre) {
+    ASSERT_TRUE(Open({"sh", "-c",
+                      "stty raw -echo; printf '\\033[?1hready\\r\\n'; "
+                      "dd bs=1 count=7 2>/dev/null | od -An -tx1 -v"}));
+    ASSERT_TRUE(WaitFor("ready"));
+    constexpr LPARAM kAltHeld = 1 << 29;
+    PostMessage(*window, WM_SYSKEYDOWN, VK_UP, kAltHeld);
+    PostMessage(*window, WM_SYSCHAR, u'b', kAltHeld);
+    PostMessage(*window, WM_SYSCHAR, u'.', kAltHeld);
+    ASSERT_TRUE(WaitForEnd()) << ScreenText();
+    EXPECT_TRUE(Shows("1b 4f 41 1b 62 1b 2e")) << ScreenText();
+}
+
 TEST_F(TerminalWindowTest, TheWheelSendsCursorKeysOnlyToAFullScreenProgram) {
     // Normal cursor keys: the wheel sends nothing, so the program reads the
     // z typed after it first.

@@ -110,6 +110,24 @@ TEST_F(TerminalWindowX11Test, TheWheelOnTheDisplaySendsCursorKeysToAFullScreenPr
     EXPECT_TRUE(Shows(" 1b 4f 42 1b 4f 42 1b 4f 42 1b 4f 41 1b 4f 41 1b 4f 41\n")) << ScreenText();
 }
 
+TEST_F(TerminalWindowX11Test, AltOnTheDisplayIsAMetaKey) {
+    ASSERT_TRUE(Open({"sh", "-c",
+                      "stty raw -echo; printf 'ready\\r\\n'; "
+                      "dd bs=1 count=3 2>/dev/null | od -An -tx1 -v"}));
+    ASSERT_TRUE(WaitFor("ready"));
+    unsigned xid = 0;
+    ASSERT_TRUE(RunUntil([&] {
+        platform::display::Update();
+        return (xid = platform::display::XWindowOf(*window)) != 0;
+    }));
+    ASSERT_EQ(testing_support::RunOnDisplay(server->Name(), "xdotool windowfocus --sync " +
+                                                                std::to_string(xid) +
+                                                                " key alt+b x"),
+              0);
+    ASSERT_TRUE(WaitForEnd()) << ScreenText();
+    EXPECT_TRUE(Shows(" 1b 62 78")) << ScreenText();
+}
+
 TEST_F(TerminalWindowX11Test, ADoubleClickOnTheDisplaySelectsAWord) {
     ASSERT_TRUE(Open({"sh", "-c", "echo alpha beta-gamma delta; sleep 10"}));
     ASSERT_TRUE(WaitFor("delta"));

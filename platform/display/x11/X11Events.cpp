@@ -129,7 +129,8 @@ void X11Backend::HandleKey(xcb_key_press_event_t* event, bool down) {
     HWND hwnd = FindByWindow(event->event);
     if (down && hwnd && IsWindowEnabled(hwnd) && GetActiveWindow() != hwnd)
         SetActiveWindow(hwnd);
-    user::PostKeyToFocus(down, vk, CharacterFor(keysym));
+    const bool alt = (event->state & XCB_MOD_MASK_1) && !(event->state & kControlMask);
+    user::PostKeyToFocus(down, vk, CharacterFor(keysym), alt);
 }
 
 void X11Backend::HandleButton(xcb_button_press_event_t* event, bool down) {

@@ -119,5 +119,12 @@ TEST_F(X11MenuBarTest, TheKeysGoThroughACascadingPopUp) {
     EXPECT_EQ(g_commands, std::vector<UINT>{ID_TWO});
 }
 
+TEST_F(X11MenuBarTest, AltAndALetterOpenTheBarFromTheKeyboard) {
+    ASSERT_EQ(
+        Run("xdotool windowfocus --sync " + std::to_string(platform::display::XWindowOf(top))), 0);
+    ASSERT_TRUE(Act("key alt+f sleep 0.3 key Down Right Return"));
+    EXPECT_EQ(g_commands, std::vector<UINT>{ID_ONE});
+}
+
 } // namespace
 #endif

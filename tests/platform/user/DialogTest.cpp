@@ -375,6 +375,37 @@ INT_PTR OkOnlyProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
     return FALSE;
 }
 
+TEST_F(DialogTest, TheLetterAControlUnderlinesTakesTheFocusThereOrPressesIt) {
+    constexpr DWORD kEdit = WS_BORDER | WS_TABSTOP;
+    tmpl.items.insert(tmpl.items.begin(),
+                      {DialogItem(u"STATIC", u"&Name:", 0xFFFF, 0, 7, 40, 30, 8),
+                       DialogItem(u"EDIT", u"", 20, kEdit, 40, 40, 80, 12)});
+    tmpl.items[4].text = u"&Apply";
+    // With Alt, wherever the focus is: a label sends it to the control after
+    // it, a check box takes it and turns; typed into the edit, a letter is
+    // text.
+    auto post = [](UINT message, char16_t ch) {
+        automation::Do([=] { PostMessage(GetFocus(), message, ch, 1 << 29); });
+    };
+    post(WM_SYSCHAR, u'n');
+    automation::Do([] { EXPECT_EQ(GetDlgCtrlID(GetFocus()), 20); });
+    post(WM_CHAR, u'r');
+    post(WM_SYSCHAR, u'R');
+    automation::Do([] {
+        HWND dialog = GetActiveWindow();
+        EXPECT_EQ(TextOf(GetDlgItem(dialog, 20)), u"r");
+        EXPECT_EQ(GetDlgCtrlID(GetFocus()), static_cast<int>(kCheckId));
+    });
+    // Without Alt where the focus takes no characters (a button): Apply.
+    post(WM_CHAR, u'a');
+    EXPECT_EQ(Run(), static_cast<INT_PTR>(kApplyId));
+    EXPECT_EQ(g_checkAtEnd, BST_CHECKED);
+    // A letter nothing underlines does nothing.
+    post(WM_SYSCHAR, u'q');
+    automation::Key(VK_ESCAPE);
+    EXPECT_EQ(Run(), IDCANCEL);
+}
+
 TEST_F(DialogTest, ArrowKeysMoveThroughARadioGroupAndCheckTheButtonTheyReach) {
     constexpr DWORD kAutoRadio = 9;
     tmpl.items.clear();

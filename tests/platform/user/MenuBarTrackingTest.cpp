@@ -183,4 +183,30 @@ TEST_F(MenuBarTrackingTest, ACommandOnTheBarItselfIsPickedAtOnce) {
     EXPECT_EQ(g_messages, (std::vector<std::string>{"enter", "init menu", "exit", "command 106"}));
 }
 
+TEST_F(MenuBarTrackingTest, AltWithALetterOrF10OpensTheBarFromTheKeyboard) {
+    constexpr LPARAM kAltHeld = 1 << 29;
+    // Alt+E opens Edit with its first item hot, which Enter picks.
+    automation::Key(VK_RETURN);
+    PostMessage(window, WM_SYSCHAR, u'e', kAltHeld);
+    platform::PumpMessages();
+    EXPECT_EQ(g_messages.back(), "command 105");
+    // F10 opens the first drop-down: down to Recent, into it, Enter.
+    automation::Key(VK_DOWN);
+    automation::Key(VK_RIGHT);
+    automation::Key(VK_RETURN);
+    PostMessage(window, WM_SYSKEYDOWN, VK_F10, 1);
+    platform::PumpMessages();
+    EXPECT_EQ(g_messages.back(), "command 102");
+    // Help is a command of the bar itself; a letter nothing underlines does
+    // nothing; Alt+F4 closes the window.
+    PostMessage(window, WM_SYSCHAR, u'h', kAltHeld);
+    PostMessage(window, WM_SYSCHAR, u'q', kAltHeld);
+    platform::PumpMessages();
+    EXPECT_EQ(g_messages.back(), "command 106");
+    PostMessage(window, WM_SYSKEYDOWN, VK_F4, kAltHeld);
+    platform::PumpMessages();
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(automation::CancelsForWantOfActions(), 0);
+}
+
 } // namespace
