@@ -165,12 +165,17 @@ X11Backend::Shown& X11Backend::Create(HWND hwnd) {
     shown.id = xcb_generate_id(m_connection);
     user::Window* window = user::WindowManager::Instance().Find(hwnd);
     shown.rect = window->rect;
-    const uint32_t values[] = {kEventMask};
+    // An owned pop-up without a caption (a menu, a combo box's list) is the
+    // program's own to place: the window manager leaves it undecorated where
+    // it is and does not give it the focus.
+    const bool ownPopup =
+        window->owner && (window->style & WS_POPUP) && (window->style & WS_CAPTION) != WS_CAPTION;
+    const uint32_t values[] = {ownPopup ? 1u : 0u, kEventMask};
     xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, shown.id, m_screen->root,
                       static_cast<int16_t>(shown.rect.left), static_cast<int16_t>(shown.rect.top),
                       static_cast<uint16_t>(Width(shown.rect)),
                       static_cast<uint16_t>(Height(shown.rect)), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
-                      m_screen->root_visual, XCB_CW_EVENT_MASK, values);
+                      m_screen->root_visual, XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, shown.id, m_protocols, XCB_ATOM_ATOM,
                         32, 1, &m_deleteWindow);
     static const char kClass[] = "win\0Win";

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <string>
 #include <thread>
 #include <vector>
@@ -78,6 +79,14 @@ protected:
         return "mousemove " + std::to_string(x) + " " + std::to_string(y) + " ";
     }
 
+    bool OverrideRedirect(unsigned window) {
+        xcb_get_window_attributes_reply_t* reply = xcb_get_window_attributes_reply(
+            probe, xcb_get_window_attributes(probe, window), nullptr);
+        const bool redirect = reply && reply->override_redirect;
+        free(reply);
+        return redirect;
+    }
+
     HWND top = nullptr;
     POINT origin{};
 };
@@ -89,11 +98,14 @@ TEST_F(X11MenuBarTest, AClickOnTheBarThenOnAnItemMakesItsCommand) {
     // of its own showing what the desktop draws.
     unsigned shown = 0;
     bool same = false;
+    // The window manager leaves the drop-down alone, not the frame.
+    bool unmanaged = false;
     platform::SetIdleHandler([&] {
         platform::automation::PopupMenuView view;
         if (same || !platform::automation::ReadPopupMenu(&view))
             return false;
         shown = platform::display::XWindowOf(view.window);
+        unmanaged = OverrideRedirect(shown);
         int width = 0, height = 0;
         const std::vector<uint32_t> drawn =
             testing_support::HeadlessPixels(view.window, &width, &height);
@@ -110,6 +122,8 @@ TEST_F(X11MenuBarTest, AClickOnTheBarThenOnAnItemMakesItsCommand) {
     EXPECT_EQ(g_commands, std::vector<UINT>{ID_OPEN});
     EXPECT_NE(shown, 0u);
     EXPECT_TRUE(same);
+    EXPECT_TRUE(unmanaged);
+    EXPECT_FALSE(OverrideRedirect(platform::display::XWindowOf(top)));
 }
 
 TEST_F(X11MenuBarTest, TheKeysGoThroughACascadingPopUp) {
