@@ -71,7 +71,8 @@ std::vector<RECT> MenuBarItemRects(HDC hdc, const Menu& menu, const RECT& bar) {
     return rects;
 }
 
-void PaintMenuBar(HDC hdc, const Menu& menu, const RECT& bar, bool maximizedChild, int open) {
+void PaintMenuBar(HDC hdc, const Menu& menu, const RECT& bar, bool maximizedChild, int open,
+                  bool cues) {
     FillSolid(hdc, bar, GetSysColor(COLOR_MENUBAR));
     const std::vector<RECT> rects = MenuBarItemRects(hdc, menu, bar);
     HGDIOBJ oldFont = SelectObject(hdc, MenuFont());
@@ -88,7 +89,7 @@ void PaintMenuBar(HDC hdc, const Menu& menu, const RECT& bar, bool maximizedChil
                                                                                : COLOR_MENUTEXT));
         // Mnemonics are underlined only once the keyboard asks for them.
         DrawText(hdc, item.text.c_str(), static_cast<int>(item.text.size()), &text,
-                 DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_HIDEPREFIX);
+                 DT_SINGLELINE | DT_VCENTER | DT_CENTER | (cues ? 0 : DT_HIDEPREFIX));
     }
     SelectObject(hdc, oldFont);
     if (maximizedChild)

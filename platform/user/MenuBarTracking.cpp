@@ -96,6 +96,7 @@ void TrackMenuBar(HWND hwnd, int index, bool keyboard) {
     TrackedPopup tracking;
     tracking.owner = hwnd;
     tracking.bar = bar;
+    tracking.cues = keyboard;
     const Menu* menu = FindMenu(bar);
     if (IsWindow(hwnd) && menu && static_cast<std::size_t>(index) < menu->items.size()) {
         const MenuItem& item = menu->items[static_cast<std::size_t>(index)];

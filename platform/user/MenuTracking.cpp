@@ -57,7 +57,7 @@ LRESULT LevelProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
         RECT client;
         GetClientRect(hwnd, &client);
         if (const Menu* menu = level ? FindMenu(level->menu) : nullptr)
-            PaintPopup(hdc, *menu, level->itemRects, level->hot, client);
+            PaintPopup(hdc, *menu, level->itemRects, level->hot, client, tracking->cues);
         EndPaint(hwnd, &ps);
         return 0;
     }

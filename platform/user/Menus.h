@@ -43,8 +43,10 @@ HFONT MenuFont();
 // The menu bar's items laid out in bar, a rectangle of the window's DC.
 std::vector<RECT> MenuBarItemRects(HDC hdc, const Menu& menu, const RECT& bar);
 // Draws the menu bar of a window into bar (window coordinates).
-// The item at open is drawn as open (-1 for none).
-void PaintMenuBar(HDC hdc, const Menu& menu, const RECT& bar, bool maximizedChild, int open = -1);
+// The item at open is drawn as open (-1 for none); cues underlines the
+// mnemonics, as once the keyboard opened the menu.
+void PaintMenuBar(HDC hdc, const Menu& menu, const RECT& bar, bool maximizedChild, int open = -1,
+                  bool cues = false);
 
 // One open menu window of a menu being tracked: the menu, where each item
 // lies in the window's client area, and the item under the mouse.
@@ -64,6 +66,8 @@ struct TrackedPopup {
     // drop-down is open (-1 for a shortcut menu).
     HMENU bar = nullptr;
     int barItem = -1;
+    // Opened from the keyboard: the mnemonics are underlined.
+    bool cues = false;
     bool done = false;
     UINT chosen = 0;
 };
@@ -89,6 +93,6 @@ int MenuBarItemAt(HWND hwnd, POINT screen);
 SIZE LayOutPopup(HDC hdc, const Menu& menu, std::vector<RECT>* itemRects);
 // Draws a pop-up menu into its window's client area.
 void PaintPopup(HDC hdc, const Menu& menu, const std::vector<RECT>& itemRects, int hot,
-                const RECT& client);
+                const RECT& client, bool cues = false);
 
 } // namespace platform::user

@@ -92,9 +92,12 @@ void PaintNonClient(Window* window) {
     if (caption)
         DrawCaption(hdc, window,
                     RECT{band, band, width - band, band + GetSystemMetrics(SM_CYCAPTION) - 1});
-    if (const Menu* menu = window->style & WS_CHILD ? nullptr : FindMenu(window->menu))
-        PaintMenuBar(hdc, *menu, MenuBarRect(window), MaximizedMdiChild(window) != nullptr,
-                     OpenMenuBarItem(window->handle));
+    if (const Menu* menu = window->style & WS_CHILD ? nullptr : FindMenu(window->menu)) {
+        const TrackedPopup* tracking = CurrentPopup();
+        const int open = OpenMenuBarItem(window->handle);
+        PaintMenuBar(hdc, *menu, MenuBarRect(window), MaximizedMdiChild(window) != nullptr, open,
+                     open >= 0 && tracking->cues);
+    }
     if (clientEdge) {
         RECT r{band, top, width - band, height - band};
         Sunken(hdc, r, GetSysColor(COLOR_BTNSHADOW), GetSysColor(COLOR_BTNHIGHLIGHT));

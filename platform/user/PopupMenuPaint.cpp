@@ -87,7 +87,7 @@ SIZE LayOutPopup(HDC hdc, const Menu& menu, std::vector<RECT>* itemRects) {
 }
 
 void PaintPopup(HDC hdc, const Menu& menu, const std::vector<RECT>& itemRects, int hot,
-                const RECT& client) {
+                const RECT& client, bool cues) {
     FillSolid(hdc, client, GetSysColor(COLOR_MENU));
     FrameSolid(hdc, client, kOutline);
     HGDIOBJ oldFont = SelectObject(hdc, MenuFont());
@@ -111,7 +111,7 @@ void PaintPopup(HDC hdc, const Menu& menu, const std::vector<RECT>& itemRects, i
         RECT text{r.left + kGutter, r.top, r.right - kRightMargin, r.bottom};
         // Mnemonics are underlined only once the keyboard asks for them.
         DrawText(hdc, label.c_str(), static_cast<int>(label.size()), &text,
-                 DT_SINGLELINE | DT_VCENTER | DT_LEFT | DT_HIDEPREFIX);
+                 DT_SINGLELINE | DT_VCENTER | DT_LEFT | (cues ? 0 : DT_HIDEPREFIX));
         if (!accelerator.empty())
             DrawText(hdc, accelerator.c_str(), static_cast<int>(accelerator.size()), &text,
                      DT_SINGLELINE | DT_VCENTER | DT_RIGHT | DT_NOPREFIX);

@@ -209,4 +209,43 @@ TEST_F(MenuBarTrackingTest, AltWithALetterOrF10OpensTheBarFromTheKeyboard) {
     EXPECT_EQ(automation::CancelsForWantOfActions(), 0);
 }
 
+TEST_F(MenuBarTrackingTest, FromTheKeyboardTheMnemonicsAreUnderlined) {
+    const auto dir = testing_support::TestOutputDir("menu-bar");
+    // The text colour's pixels in the drop-down and the bar, opened by the
+    // mouse and from the keyboard.
+    auto ink = [](const std::string& path) {
+        cairo_surface_t* image = cairo_image_surface_create_from_png(path.c_str());
+        const int width = cairo_image_surface_get_width(image);
+        const int height = cairo_image_surface_get_height(image);
+        const int stride = cairo_image_surface_get_stride(image);
+        const unsigned char* data = cairo_image_surface_get_data(image);
+        int count = 0;
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                count +=
+                    (*reinterpret_cast<const uint32_t*>(data + y * stride + x * 4) & 0xFFFFFF) == 0;
+        cairo_surface_destroy(image);
+        return count;
+    };
+    auto shoot = [&](const std::string& name) {
+        const std::string path = (dir / name).string();
+        automation::Do([&, path] {
+            automation::PopupMenuView view;
+            automation::ReadPopupMenu(&view);
+            RECT area = view.rect;
+            area.top -= GetSystemMetrics(SM_CYMENU);
+            platform::SaveDesktopAreaAsPng(area, path);
+        });
+        automation::DismissPopupMenu();
+        return path;
+    };
+    const std::string byMouse = shoot("by-mouse.png");
+    PressBar(origin.x + 10);
+    const std::string byKey = shoot("by-key.png");
+    PostMessage(window, WM_SYSKEYDOWN, VK_F10, 1);
+    platform::PumpMessages();
+    // One underline under each of File's and its three items' letters.
+    EXPECT_GT(ink(byKey), ink(byMouse) + 4 * 4);
+}
+
 } // namespace
