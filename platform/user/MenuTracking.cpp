@@ -7,6 +7,7 @@
 #include "MenuTracking.h"
 
 #include "Keyboard.h"
+#include "ModalLoop.h"
 #include "WindowManager.h"
 
 #include <platform/Automation.h>
@@ -418,11 +419,7 @@ bool RunMenuTracking(TrackedPopup& tracking) {
         }
         TranslateMessage(&msg);
         DispatchMessage(&msg);
-        if (msg.message == WM_PAINT) {
-            RECT update;
-            if (IsWindow(msg.hwnd) && GetUpdateRect(msg.hwnd, &update, FALSE))
-                ValidateRect(msg.hwnd, nullptr);
-        }
+        SettlePaint(msg);
     }
     CloseLevels(tracking, 0);
     if (IsWindow(tracking.owner))

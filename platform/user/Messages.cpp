@@ -1,6 +1,7 @@
 // Sending, posting, retrieving and dispatching messages, and the default
 // window procedure.
 #include "Menus.h"
+#include "ModalLoop.h"
 #include "WindowManager.h"
 
 #include "Keyboard.h"
@@ -246,11 +247,7 @@ int PumpMessages() {
         PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE);
         DispatchMessage(&msg);
         ++dispatched;
-        if (msg.message == WM_PAINT) {
-            Window* window = Manager().Find(msg.hwnd);
-            if (window && window->hasUpdate)
-                ValidateRect(msg.hwnd, nullptr);
-        }
+        platform::user::SettlePaint(msg);
     }
     return dispatched;
 }

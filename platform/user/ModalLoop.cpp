@@ -42,15 +42,15 @@ bool RunModal(const ModalLoop& loop) {
             TranslateMessage(&msg);
             DispatchMessage(&msg);
         }
-        // A paint handler that left its window invalid would come back for
-        // ever.
-        if (msg.message == WM_PAINT) {
-            RECT update;
-            if (IsWindow(msg.hwnd) && GetUpdateRect(msg.hwnd, &update, FALSE))
-                ValidateRect(msg.hwnd, nullptr);
-        }
+        SettlePaint(msg);
     }
     return true;
+}
+
+void SettlePaint(const MSG& msg) {
+    RECT update;
+    if (msg.message == WM_PAINT && IsWindow(msg.hwnd) && GetUpdateRect(msg.hwnd, &update, FALSE))
+        ValidateRect(msg.hwnd, nullptr);
 }
 
 } // namespace platform::user

@@ -20,6 +20,10 @@ struct ModalLoop {
     std::function<void()> forceCancel;
 };
 
+// After a message is handled: a paint handler that left its window invalid
+// would get WM_PAINT back for ever, so the window is validated.
+void SettlePaint(const MSG& msg);
+
 // Returns false when WM_QUIT arrived (it is posted again for the outer loop).
 // When the loop waits with nothing queued and the simulated user has no
 // action left, it cancels the window as Escape would, and ends it if that
