@@ -71,6 +71,10 @@ void PickPopupMenuItem(UINT command) {
                 return;
             }
         }
+        if (popup->levels.size() < path.size()) {
+            Note(what + ": its pop-up did not open");
+            return;
+        }
         const platform::user::MenuLevel& level = popup->levels[path.size() - 1];
         const platform::user::Menu* menu = platform::user::FindMenu(level.menu);
         const auto index = static_cast<std::size_t>(path.back());

@@ -41,7 +41,7 @@ int MenuBarItemAt(HWND hwnd, POINT screen) {
     const Menu* menu = window ? FindMenu(window->menu) : nullptr;
     if (!menu || (window->style & WS_CHILD))
         return -1;
-    RECT outer;
+    RECT outer{};
     GetWindowRect(hwnd, &outer);
     const POINT at{screen.x - outer.left, screen.y - outer.top};
     const std::vector<RECT> rects = BarItemRects(window, *menu);
@@ -69,7 +69,7 @@ void SwitchBarItem(TrackedPopup& tracking, int index, bool keyboard) {
     CloseLevels(tracking, 0);
     tracking.barItem = index;
     RedrawBar(tracking.owner);
-    RECT outer;
+    RECT outer{};
     GetWindowRect(tracking.owner, &outer);
     const RECT under = BarItemRects(window, *bar)[static_cast<std::size_t>(index)];
     const bool opened = OpenLevel(tracking, item.popup, index, [&](SIZE size) {

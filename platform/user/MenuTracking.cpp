@@ -119,7 +119,7 @@ bool OpenFromItem(TrackedPopup& tracking, std::size_t level, int index, bool key
     if (level + 1 < tracking.levels.size() && tracking.levels[level + 1].menu == popup)
         return true;
     CloseLevels(tracking, level + 1);
-    RECT from;
+    RECT from{};
     GetWindowRect(tracking.levels[level].window, &from);
     const RECT itemRect = tracking.levels[level].itemRects[static_cast<std::size_t>(index)];
     const int top = from.top + itemRect.top - (itemRect.top > 0 ? 3 : 0);
@@ -163,7 +163,7 @@ MenuHit HitTest(const TrackedPopup& tracking, POINT screen) {
     MenuHit hit;
     for (std::size_t i = tracking.levels.size(); i-- > 0;) {
         const MenuLevel& level = tracking.levels[i];
-        RECT r;
+        RECT r{};
         GetWindowRect(level.window, &r);
         if (screen.x < r.left || screen.x >= r.right || screen.y < r.top || screen.y >= r.bottom)
             continue;

@@ -306,6 +306,45 @@ TEST_F(PopupMenuTest, APopUpThatWouldLeaveTheScreenOpensOnTheLeft) {
     EXPECT_EQ(inner.rect.right, outer.rect.left + 3);
 }
 
+// The owner may go while its menu is open: from the notice of a pop-up
+// opening, or of the hot item changing. The menu closes with nothing picked.
+HMENU g_destroyOnPopup = nullptr;
+bool g_destroyOnSelect = false;
+LRESULT DestroyingProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    if ((message == WM_INITMENUPOPUP && reinterpret_cast<HMENU>(wParam) == g_destroyOnPopup) ||
+        (message == WM_MENUSELECT && g_destroyOnSelect && HIWORD(wParam) != 0xFFFF)) {
+        DestroyWindow(hwnd);
+        return 0;
+    }
+    return OwnerProc(hwnd, message, wParam, lParam);
+}
+
+TEST_F(PopupMenuTest, AnOwnerThatGoesWhileItsMenuIsOpenEndsTheMenu) {
+    HMENU nested = CreatePopupMenu();
+    AppendMenu(nested, MF_STRING, ID_NESTED, u"Inner");
+    AppendMenu(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(nested), u"More");
+    SetWindowLongPtr(owner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DestroyingProc));
+    g_destroyOnPopup = nested;
+    automation::PickPopupMenuItem(ID_NESTED);
+    EXPECT_EQ(Track(TPM_RETURNCMD), 0);
+    EXPECT_FALSE(IsWindow(owner));
+    automation::PopupMenuView view;
+    EXPECT_FALSE(automation::ReadPopupMenu(&view));
+
+    owner = CreateWindowEx(0, u"PopupOwner", u"Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100, 100,
+                           400, 300, nullptr, nullptr, nullptr, nullptr);
+    SetWindowLongPtr(owner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DestroyingProc));
+    g_destroyOnPopup = nullptr;
+    g_destroyOnSelect = true;
+    automation::Key(VK_DOWN);
+    automation::Key(VK_RETURN);
+    EXPECT_EQ(Track(TPM_RETURNCMD), 0);
+    EXPECT_FALSE(IsWindow(owner));
+    g_destroyOnSelect = false;
+    platform::PumpMessages();
+    EXPECT_TRUE(g_commands.empty());
+}
+
 // The menu as a person sees it, read back from a picture of its place.
 TEST_F(PopupMenuTest, TheMenuIsDrawnAboveItsOwnerWithItsItems) {
     const auto dir = testing_support::TestOutputDir("popup-menu");
