@@ -1,5 +1,6 @@
 // A long run of random user actions over the notes host: menu commands, keys,
-// clicks, closes, MDI moves and resizes, with the save prompts answered. Every
+// clicks, closes, MDI moves and resizes, the menu bar under the mouse and the
+// keys, with the save prompts answered. Every
 // modal loop must end by the user's hand, and at the end no window, document
 // or GDI object may be left over. The run is seeded, so a failure repeats;
 // WIN_STRESS_SEED and WIN_STRESS_ACTIONS change the seed and the length.
@@ -23,6 +24,7 @@ using testing_support::CountWindows;
 class StressTest : public NotesHostTest {
 protected:
     testing_support::StressRandom random{1789};
+    int menusOpened = 0;
 
     int Below(int n) { return random.Below(n); }
 
@@ -107,6 +109,27 @@ protected:
         AnswerSavePrompt(child);
     }
 
+    // A press somewhere on the menu bar, a few keys through what opens, and
+    // the menu dismissed (a press past the items opens nothing).
+    void QueueMenuBar() {
+        const HWND frame = main->m_hWnd;
+        const int x = Below(300);
+        automation::Do([frame, x] {
+            POINT origin{0, 0};
+            ClientToScreen(frame, &origin);
+            PostMessage(frame, WM_NCLBUTTONDOWN, HTMENU,
+                        MAKELPARAM(origin.x + x, origin.y - GetSystemMetrics(SM_CYMENU) / 2));
+        });
+        automation::Do([this] {
+            automation::PopupMenuView view;
+            menusOpened += automation::ReadPopupMenu(&view) ? 1 : 0;
+        });
+        static const UINT keys[] = {VK_DOWN, VK_UP, VK_RIGHT, VK_LEFT, VK_ESCAPE};
+        for (int n = Below(5); n > 0; --n)
+            automation::Key(keys[Below(5)]);
+        automation::DismissPopupMenu();
+    }
+
     void QueueWindowMove() {
         HWND client = main->m_hWndMDIClient;
         std::vector<CMDIChildWnd*> children = Children();
@@ -140,7 +163,7 @@ TEST_F(StressTest, RandomActionsLeaveNothingBehindAndNoModalLoopWaiting) {
 
     for (unsigned long i = 0; i < actions; ++i) {
         // Keep the number of documents bounded: past eight, close one.
-        const int choice = g_liveDocuments > 8 ? 4 : Below(10);
+        const int choice = g_liveDocuments > 8 ? 4 : Below(11);
         if (choice < 3)
             QueueMenuCommand();
         else if (choice < 5)
@@ -149,15 +172,19 @@ TEST_F(StressTest, RandomActionsLeaveNothingBehindAndNoModalLoopWaiting) {
             QueueClick();
         else if (choice < 9)
             QueueClose();
-        else
+        else if (choice < 10)
             QueueWindowMove();
+        else
+            QueueMenuBar();
         Run();
         ASSERT_TRUE(testing_support::ActionSettled(i)) << "seed " << random.Seed();
         ASSERT_TRUE(IsWindow(main->m_hWnd)) << "action " << i;
         mostDocuments = std::max(mostDocuments, g_liveDocuments);
     }
-    // The run did what it was meant to: documents came and went.
+    // The run did what it was meant to: documents came and went, and the
+    // menu bar opened.
     EXPECT_GE(mostDocuments, 3);
+    EXPECT_GE(menusOpened, static_cast<int>(actions / 100));
 
     app->CloseAllDocuments(TRUE);
     platform::PumpMessages();
