@@ -2,7 +2,8 @@
 # The interactive terminal's reliability run: terminal_host --window running
 # bash on a private Xvfb, driven for a while by a seeded random mix of typed
 # commands (ls, seq, vim, less, top, escape sequences, long lines), special
-# keys, mouse drags, clicks and wheel turns, the shortcut menu, window
+# keys, Alt as meta, mouse drags, clicks, double and triple clicks and wheel
+# turns, the shortcut menu and its Font pop-up, window
 # resizes and clipboard traffic both ways. Every so often the shell is asked to answer
 # (echo alive-N into a file). At the end the window is closed as a window
 # manager closes it; the host must exit 0, the sanitizers must report
@@ -277,10 +278,40 @@ act_menu() {
     random_point
     xdotool mousemove --window "$window" "$px" "$py" click 3
     sleep 0.3
+    # Half the time into the Font pop-up (the last item) and out again.
+    if ((RANDOM % 2)); then
+        xdotool key --delay 50 Up Right
+        sleep 0.2
+        xdotool key Escape
+    fi
     xdotool key Escape
     sleep 0.1
     xdotool windowfocus "$window" 2>/dev/null
     count menus
+}
+
+# A double click (a word) or a triple one (a row), sometimes dragged on.
+act_double() {
+    geometry
+    random_point
+    local x0=$px y0=$py
+    random_point
+    if ((RANDOM % 2)); then
+        xdotool mousemove --window "$window" "$x0" "$y0" click --repeat 2 --delay 40 1
+    else
+        xdotool mousemove --window "$window" "$x0" "$y0" click --repeat 2 --delay 40 1 \
+            mousedown 1 mousemove --window "$window" "$px" "$py" mouseup 1
+    fi
+    count double-clicks
+}
+
+# Alt as a meta key at the shell's prompt: word moves and the last argument.
+act_meta() {
+    prompt
+    xdotool type --delay 10 "echo one two three"
+    xdotool key --delay 20 alt+b alt+b alt+f alt+period
+    prompt
+    count meta-keys
 }
 
 act_resize() {
@@ -314,7 +345,7 @@ act_copy_out() {
 
 actions=(act_command act_command act_command act_keys act_keys act_drag act_drag act_click
          act_menu act_resize act_resize act_paste_in act_copy_out act_vim act_less act_top
-         act_suspend act_wheel)
+         act_suspend act_wheel act_double act_meta)
 
 # --- The run ---
 
