@@ -25,6 +25,8 @@ constexpr UINT kClientMouseFirst = 0x0200, kClientMouseLast = 0x020E;
 constexpr UINT kNonClientMouseFirst = 0x00A0, kNonClientMouseLast = 0x00AD;
 // A pop-up opened from an item overlaps its level's window by this much.
 constexpr int kCascadeOverlap = 3;
+// A pop-up's border and padding above its first item.
+constexpr int kFirstItemInset = 3;
 
 TrackedPopup*& Current() {
     static TrackedPopup* current = nullptr;
@@ -122,7 +124,8 @@ bool OpenFromItem(TrackedPopup& tracking, std::size_t level, int index, bool key
     RECT from{};
     GetWindowRect(tracking.levels[level].window, &from);
     const RECT itemRect = tracking.levels[level].itemRects[static_cast<std::size_t>(index)];
-    const int top = from.top + itemRect.top - (itemRect.top > 0 ? 3 : 0);
+    // Its first item level with the item that opens it.
+    const int top = from.top + itemRect.top - kFirstItemInset;
     const bool opened = OpenLevel(tracking, popup, index, [&](SIZE size) {
         const int screenWidth = GetSystemMetrics(SM_CXSCREEN);
         const int screenHeight = GetSystemMetrics(SM_CYSCREEN);
