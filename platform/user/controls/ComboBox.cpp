@@ -547,9 +547,16 @@ LRESULT ComboProc(HWND combo, UINT message, WPARAM wParam, LPARAM lParam) {
             return SendMessage(parent, message, wParam, reinterpret_cast<LPARAM>(combo));
         return 0;
     case WM_KEYDOWN:
-    case WM_SYSKEYDOWN:
         OnKeyDown(combo, *state, static_cast<UINT>(wParam));
         return 0;
+    case WM_SYSKEYDOWN:
+        // Alt with Up or Down opens or closes the list; other keys with Alt
+        // are the window's.
+        if (wParam == VK_UP || wParam == VK_DOWN) {
+            OnKeyDown(combo, *state, static_cast<UINT>(wParam));
+            return 0;
+        }
+        return DefWindowProc(combo, message, wParam, lParam);
     case WM_CHAR:
         OnChar(combo, *state, static_cast<WCHAR>(wParam));
         return 0;

@@ -630,9 +630,16 @@ LRESULT EditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
         OnChar(hwnd, *state, static_cast<WCHAR>(wParam));
         return 0;
     case WM_KEYDOWN:
-    case WM_SYSKEYDOWN:
         OnKeyDown(hwnd, *state, static_cast<UINT>(wParam));
         return 0;
+    case WM_SYSKEYDOWN:
+        // With Alt only a combo box's Up and Down (its list) are the edit's;
+        // the rest are the window's (F10, Alt+F4, the menu's letters).
+        if (state->combo && (wParam == VK_UP || wParam == VK_DOWN)) {
+            OnKeyDown(hwnd, *state, static_cast<UINT>(wParam));
+            return 0;
+        }
+        return DefWindowProc(hwnd, message, wParam, lParam);
     case WM_CUT:
     case WM_COPY:
     case WM_PASTE:

@@ -3,6 +3,8 @@
 // field, sizes it reports, and a dropped list that goes with the combo box.
 #include "ControlTestSupport.h"
 
+#include <platform/MessagePump.h>
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -87,6 +89,33 @@ TEST_F(ComboKeysTest, ADropDownLeavesHomeAndEndToItsEditFieldAndSharesItsEnabled
     EXPECT_FALSE(IsWindowEnabled(edit));
     EnableWindow(combo, TRUE);
     EXPECT_TRUE(IsWindowEnabled(edit));
+}
+
+TEST_F(ComboKeysTest, AltWithDownOpensTheListAndOtherAltKeysAreTheWindows) {
+    HWND list = Combo(CBS_DROPDOWNLIST, kListId, 5);
+    HWND drop = Combo(CBS_DROPDOWN, kDropId, 5);
+    // Alt+Down as the keyboard sends it: Alt, then Down, both system keys.
+    auto altDown = [](HWND target) {
+        PostMessage(target, WM_SYSKEYDOWN, VK_MENU, 1 << 29);
+        PostMessage(target, WM_SYSKEYDOWN, VK_DOWN, 1 << 29);
+        PostMessage(target, WM_SYSKEYUP, VK_DOWN, static_cast<LPARAM>(0xE0000001u));
+        PostMessage(target, WM_SYSKEYUP, VK_MENU, static_cast<LPARAM>(0xC0000001u));
+        platform::PumpMessages();
+    };
+    SetFocus(list);
+    altDown(list);
+    EXPECT_TRUE(SendMessage(list, CB_GETDROPPEDSTATE, 0, 0));
+    SendMessage(list, CB_SHOWDROPDOWN, FALSE, 0);
+    // In a drop-down the edit field has the focus and passes Alt+Down on.
+    SetFocus(drop);
+    altDown(GetFocus());
+    EXPECT_TRUE(SendMessage(drop, CB_GETDROPPEDSTATE, 0, 0));
+    SendMessage(drop, CB_SHOWDROPDOWN, FALSE, 0);
+    // Alt with a letter moves nothing in either.
+    const LRESULT before = Selected(list);
+    PostMessage(list, WM_SYSKEYDOWN, VK_END, 1 << 29);
+    platform::PumpMessages();
+    EXPECT_EQ(Selected(list), before);
 }
 
 TEST_F(ComboKeysTest, SizesFontAndWhatADropDownListCannotDo) {

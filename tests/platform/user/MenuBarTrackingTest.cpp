@@ -197,6 +197,14 @@ TEST_F(MenuBarTrackingTest, AltWithALetterOrF10OpensTheBarFromTheKeyboard) {
     PostMessage(window, WM_SYSKEYDOWN, VK_F10, 1);
     platform::PumpMessages();
     EXPECT_EQ(g_messages.back(), "command 102");
+    // From an edit field with the focus too.
+    HWND edit = CreateWindowEx(0, u"EDIT", u"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 20, window,
+                               nullptr, nullptr, nullptr);
+    SetFocus(edit);
+    automation::Key(VK_RETURN);
+    PostMessage(edit, WM_SYSKEYDOWN, VK_F10, 1);
+    platform::PumpMessages();
+    EXPECT_EQ(g_messages.back(), "command 101");
     // Help is a command of the bar itself; a letter nothing underlines does
     // nothing; Alt+F4 closes the window.
     PostMessage(window, WM_SYSCHAR, u'h', kAltHeld);
