@@ -176,5 +176,8 @@ private:
     // The span of the unit around a cell (one-based, inclusive); reading a
     // row's text marks it, so it runs inside a selection change.
     std::pair<CursorPos, CursorPos> UnitAround(const CursorPos& at);
+    // Selects the unit around the anchor, the span a drag starts from, and
+    // from it to the whole unit at a cell.
+    void StartSpan();
     void SelectSpanTo(const CursorPos& at);
 };

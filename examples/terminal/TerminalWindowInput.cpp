@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <tuple>
 
 namespace {
 
@@ -159,7 +160,7 @@ void TerminalWindow::OnLeftDown(int x, int y) {
     m_unit = third ? SelectUnit::Row : SelectUnit::Cell;
     if (third) {
         m_dragged = true;
-        DrawingSelection([&] { SelectSpanTo(m_anchor); });
+        DrawingSelection([&] { StartSpan(); });
         return;
     }
     DrawingSelection([&] { m_screen->Unselect(); });
@@ -173,7 +174,7 @@ void TerminalWindow::OnLeftDouble(int x, int y) {
     m_unit = SelectUnit::Word;
     m_lastDoubleClick = std::chrono::steady_clock::now();
     m_anchor = CellAt(x, y);
-    DrawingSelection([&] { SelectSpanTo(m_anchor); });
+    DrawingSelection([&] { StartSpan(); });
 }
 
 std::pair<CursorPos, CursorPos> TerminalWindow::UnitAround(const CursorPos& at) {
@@ -188,12 +189,13 @@ std::pair<CursorPos, CursorPos> TerminalWindow::UnitAround(const CursorPos& at) 
     return {CursorPos(at.m_row, span.first + 1), CursorPos(at.m_row, span.last + 1)};
 }
 
+void TerminalWindow::StartSpan() {
+    std::tie(m_spanStart, m_spanEnd) = UnitAround(m_anchor);
+    m_screen->Select(m_spanStart, m_spanEnd);
+}
+
 void TerminalWindow::SelectSpanTo(const CursorPos& at) {
     const auto [first, last] = UnitAround(at);
-    if (at == m_anchor) {
-        m_spanStart = first;
-        m_spanEnd = last;
-    }
     // The selection reaches from the starting span to the whole unit at the
     // pointer, whichever way the pointer went.
     if (first < m_spanStart)

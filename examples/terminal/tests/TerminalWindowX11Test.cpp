@@ -24,15 +24,23 @@ protected:
         XvfbFixture::SetUp();
     }
 
+    // The window's X window once the display shows it; 0 if it never does.
+    unsigned XWindow() {
+        unsigned xid = 0;
+        RunUntil([&] {
+            platform::display::Update();
+            return (xid = platform::display::XWindowOf(*window)) != 0;
+        });
+        return xid;
+    }
+
     // A shell that says "ready", reads a line and echoes it as "got:...",
     // shown on the display; xid is its X window.
     void OpenReadingLine(unsigned* xid) {
         ASSERT_TRUE(Open({"sh", "-c", "echo ready; read x; echo got:$x; sleep 10"}));
         ASSERT_TRUE(WaitFor("ready"));
-        ASSERT_TRUE(RunUntil([&] {
-            platform::display::Update();
-            return (*xid = platform::display::XWindowOf(*window)) != 0;
-        }));
+        *xid = XWindow();
+        ASSERT_NE(*xid, 0u);
     }
 };
 
@@ -95,11 +103,8 @@ TEST_F(TerminalWindowX11Test, TheWheelOnTheDisplaySendsCursorKeysToAFullScreenPr
                       "stty raw -echo; printf '\\033[?1hready\\r\\n'; "
                       "dd bs=1 count=18 2>/dev/null | od -An -tx1 -v -w18"}));
     ASSERT_TRUE(WaitFor("ready"));
-    unsigned xid = 0;
-    ASSERT_TRUE(RunUntil([&] {
-        platform::display::Update();
-        return (xid = platform::display::XWindowOf(*window)) != 0;
-    }));
+    const unsigned xid = XWindow();
+    ASSERT_NE(xid, 0u);
     const std::string id = std::to_string(xid);
     // Down a notch, then up one: three ESC O B, then three ESC O A.
     ASSERT_EQ(testing_support::RunOnDisplay(server->Name(), "xdotool windowfocus --sync " + id +
@@ -115,11 +120,8 @@ TEST_F(TerminalWindowX11Test, AltOnTheDisplayIsAMetaKey) {
                       "stty raw -echo; printf 'ready\\r\\n'; "
                       "dd bs=1 count=3 2>/dev/null | od -An -tx1 -v"}));
     ASSERT_TRUE(WaitFor("ready"));
-    unsigned xid = 0;
-    ASSERT_TRUE(RunUntil([&] {
-        platform::display::Update();
-        return (xid = platform::display::XWindowOf(*window)) != 0;
-    }));
+    const unsigned xid = XWindow();
+    ASSERT_NE(xid, 0u);
     ASSERT_EQ(testing_support::RunOnDisplay(server->Name(), "xdotool windowfocus --sync " +
                                                                 std::to_string(xid) +
                                                                 " key alt+b x"),
@@ -131,11 +133,8 @@ TEST_F(TerminalWindowX11Test, AltOnTheDisplayIsAMetaKey) {
 TEST_F(TerminalWindowX11Test, ADoubleClickOnTheDisplaySelectsAWord) {
     ASSERT_TRUE(Open({"sh", "-c", "echo alpha beta-gamma delta; sleep 10"}));
     ASSERT_TRUE(WaitFor("delta"));
-    unsigned xid = 0;
-    ASSERT_TRUE(RunUntil([&] {
-        platform::display::Update();
-        return (xid = platform::display::XWindowOf(*window)) != 0;
-    }));
+    const unsigned xid = XWindow();
+    ASSERT_NE(xid, 0u);
     // The X window holds the frame too: the cell's point from its corner.
     POINT at = CellCentre(0, 9);
     window->ClientToScreen(&at);
