@@ -98,16 +98,20 @@ void PickPopupMenuItem(UINT command) {
 void DismissPopupMenu() {
     Queue([] {
         const platform::user::TrackedPopup* popup = platform::user::CurrentPopup();
-        if (!popup || popup->levels.empty()) {
+        if (!popup || (popup->levels.empty() && !popup->bar)) {
             Note("dismiss shortcut menu: none is open");
             return;
         }
         Note("dismiss shortcut menu");
-        // Escape closes one level at a time.
-        for (std::size_t i = 0; i < popup->levels.size(); ++i) {
-            const HWND window = popup->levels.back().window;
-            PostMessage(window, WM_KEYDOWN, VK_ESCAPE, platform::user::KeyDownParam(VK_ESCAPE, 0));
-            PostMessage(window, WM_KEYUP, VK_ESCAPE, platform::user::KeyUpParam(VK_ESCAPE, 0));
+        // Escape closes one level at a time, and from the bar's drop-down
+        // goes back to the bar first. The keys go to the owner, which
+        // outlives the levels.
+        const std::size_t presses = popup->levels.size() + (popup->bar ? 1 : 0);
+        for (std::size_t i = 0; i < presses; ++i) {
+            PostMessage(popup->owner, WM_KEYDOWN, VK_ESCAPE,
+                        platform::user::KeyDownParam(VK_ESCAPE, 0));
+            PostMessage(popup->owner, WM_KEYUP, VK_ESCAPE,
+                        platform::user::KeyUpParam(VK_ESCAPE, 0));
         }
     });
 }

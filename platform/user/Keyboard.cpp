@@ -1,6 +1,7 @@
 // A US keyboard layout, the key state table and TranslateMessage.
 #include "Keyboard.h"
 
+#include "Menus.h"
 #include "WindowManager.h"
 
 #include <array>
@@ -28,7 +29,14 @@ std::array<bool, 256>& KeyDown() {
     return down;
 }
 
-// The character a key types, 0 for none.
+// Alt went down outside a menu with no other key or button pressed since.
+bool& AltTapped() {
+    static bool tapped = false;
+    return tapped;
+}
+
+} // namespace
+
 WCHAR CharacterFor(UINT vk, bool shift, bool control) {
     if (vk >= 'A' && vk <= 'Z') {
         if (control)
@@ -58,8 +66,6 @@ WCHAR CharacterFor(UINT vk, bool shift, bool control) {
             return static_cast<WCHAR>(shift ? key.shifted : key.plain);
     return 0;
 }
-
-} // namespace
 
 KeyStroke StrokeFor(WCHAR ch) {
     if (ch >= u'a' && ch <= u'z')
@@ -148,10 +154,24 @@ bool SameMnemonic(WCHAR a, WCHAR b) {
 
 void NoteKeyMessage(const MSG& msg) {
     const bool down = msg.message == WM_KEYDOWN || msg.message == WM_SYSKEYDOWN;
+    // The buttons' messages of the client area (0x0201-0x020E) and of the
+    // non-client area (0x00A1-0x00AD).
+    const bool button = (msg.message > WM_MOUSEMOVE && msg.message <= 0x020E) ||
+                        (msg.message > WM_NCMOUSEMOVE && msg.message <= 0x00AD);
+    if (down)
+        AltTapped() = msg.wParam == VK_MENU && !CurrentPopup();
+    else if (button)
+        AltTapped() = false;
     if (!down && msg.message != WM_KEYUP && msg.message != WM_SYSKEYUP)
         return;
     if (msg.wParam < 256)
         KeyDown()[msg.wParam] = down;
+}
+
+bool TakeAltTap() {
+    const bool tapped = AltTapped();
+    AltTapped() = false;
+    return tapped;
 }
 
 } // namespace platform::user

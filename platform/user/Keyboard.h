@@ -10,6 +10,9 @@
 
 namespace platform::user {
 
+// The character a key types with or without Shift and Ctrl, 0 for none.
+WCHAR CharacterFor(UINT vk, bool shift, bool control);
+
 // One key press of the layout: the virtual key and whether Shift is held.
 struct KeyStroke {
     UINT vk;
@@ -36,7 +39,11 @@ WCHAR MnemonicOf(std::u16string_view text);
 // Whether two characters are the same mnemonic.
 bool SameMnemonic(WCHAR a, WCHAR b);
 
-// Records a retrieved key message in the key state table.
+// Records a retrieved message: a key's in the key state table, and whether
+// Alt was tapped alone (a key going down or a mouse button ends the tap).
 void NoteKeyMessage(const MSG& msg);
+// True, once, when Alt went down outside a menu and nothing was pressed
+// since: its release then selects the menu bar.
+bool TakeAltTap();
 
 } // namespace platform::user

@@ -1,6 +1,8 @@
 // The menu bar at work: a press on one of its items opens that item's
 // drop-down under it, and while a drop-down is open the pointer moving onto
-// another item of the bar (or Left and Right) opens that one instead.
+// another item of the bar (or Left and Right) opens that one instead. Alt or
+// F10 alone selects the bar's first item with none open: Left and Right move
+// along the bar, Down, Enter or a letter open an item.
 #include "MenuTracking.h"
 
 #include "Keyboard.h"
@@ -57,6 +59,19 @@ int OpenMenuBarItem(HWND hwnd) {
     return tracking && tracking->bar && tracking->owner == hwnd ? tracking->barItem : -1;
 }
 
+void SelectBarItem(TrackedPopup& tracking, int index) {
+    const Menu* bar = FindMenu(tracking.bar);
+    if (!bar || index < 0 || static_cast<std::size_t>(index) >= bar->items.size())
+        return;
+    CloseLevels(tracking, 0);
+    tracking.barItem = index;
+    RedrawBar(tracking.owner);
+    const MenuItem& item = bar->items[static_cast<std::size_t>(index)];
+    SendMessage(tracking.owner, WM_MENUSELECT,
+                MAKEWPARAM(item.popup ? static_cast<UINT>(index) : item.id, item.flags),
+                reinterpret_cast<LPARAM>(tracking.bar));
+}
+
 void SwitchBarItem(TrackedPopup& tracking, int index, bool keyboard) {
     const Window* window = WindowManager::Instance().Find(tracking.owner);
     const Menu* bar = FindMenu(tracking.bar);
@@ -86,7 +101,11 @@ void SwitchBarItem(TrackedPopup& tracking, int index, bool keyboard) {
         MoveHot(tracking, 1);
 }
 
-void TrackMenuBar(HWND hwnd, int index, bool keyboard) {
+namespace {
+
+// Runs the bar of hwnd from its item at index: open (its drop-down shown) or
+// only selected, as Alt and F10 leave it.
+void RunMenuBar(HWND hwnd, int index, bool keyboard, bool open) {
     Window* window = WindowManager::Instance().Find(hwnd);
     if (!window || !FindMenu(window->menu) || CurrentPopup() || index < 0)
         return;
@@ -100,7 +119,10 @@ void TrackMenuBar(HWND hwnd, int index, bool keyboard) {
     const Menu* menu = FindMenu(bar);
     if (IsWindow(hwnd) && menu && static_cast<std::size_t>(index) < menu->items.size()) {
         const MenuItem& item = menu->items[static_cast<std::size_t>(index)];
-        if (!item.popup) {
+        if (!open) {
+            SelectBarItem(tracking, index);
+            RunMenuTracking(tracking);
+        } else if (!item.popup) {
             // A command on the bar itself is picked at once.
             if (!(item.flags & (MF_GRAYED | MF_DISABLED | MF_SEPARATOR)))
                 tracking.chosen = item.id;
@@ -118,6 +140,12 @@ void TrackMenuBar(HWND hwnd, int index, bool keyboard) {
         PostMessage(hwnd, WM_COMMAND, MAKEWPARAM(tracking.chosen, 0), 0);
 }
 
+} // namespace
+
+void TrackMenuBar(HWND hwnd, int index, bool keyboard) {
+    RunMenuBar(hwnd, index, keyboard, true);
+}
+
 void KeyMenu(HWND hwnd, WCHAR ch) {
     WindowManager& manager = WindowManager::Instance();
     Window* window = manager.Find(hwnd);
@@ -129,8 +157,13 @@ void KeyMenu(HWND hwnd, WCHAR ch) {
         const MenuItem& item = bar->items[i];
         if (item.flags & (MF_GRAYED | MF_DISABLED | MF_SEPARATOR))
             continue;
-        // F10 opens the first drop-down; a letter the item it underlines.
-        if (ch ? SameMnemonic(MnemonicOf(item.text), ch) : item.popup != nullptr) {
+        // Alt or F10 alone selects the first item; a letter opens the item
+        // it underlines.
+        if (!ch) {
+            RunMenuBar(top->handle, static_cast<int>(i), true, false);
+            return;
+        }
+        if (SameMnemonic(MnemonicOf(item.text), ch)) {
             TrackMenuBar(top->handle, static_cast<int>(i), true);
             return;
         }

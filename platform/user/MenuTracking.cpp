@@ -186,6 +186,8 @@ MenuHit HitTest(const TrackedPopup& tracking, POINT screen) {
 }
 
 void OnMouseMove(TrackedPopup& tracking, const MenuHit& hit) {
+    if (tracking.levels.empty())
+        return;
     const std::size_t last = tracking.levels.size() - 1;
     if (hit.level >= 0) {
         const auto level = static_cast<std::size_t>(hit.level);
@@ -202,6 +204,23 @@ void OnMouseMove(TrackedPopup& tracking, const MenuHit& hit) {
         SwitchBarItem(tracking, hit.barItem, false);
     } else if (hit.barItem < 0) {
         SetHot(tracking, last, -1);
+    }
+}
+
+// The bar item at index, chosen with none open: its drop-down opens, or a
+// command of the bar itself is picked when pick.
+void OpenBarItem(TrackedPopup& tracking, int index, bool pick, bool keyboard) {
+    const Menu* bar = FindMenu(tracking.bar);
+    if (!bar || index < 0 || static_cast<std::size_t>(index) >= bar->items.size())
+        return;
+    const MenuItem& item = bar->items[static_cast<std::size_t>(index)];
+    if ((item.flags & MF_SEPARATOR) || Greyed(item))
+        return;
+    if (item.popup) {
+        SwitchBarItem(tracking, index, keyboard);
+    } else if (pick) {
+        tracking.chosen = item.id;
+        tracking.done = true;
     }
 }
 
@@ -236,7 +255,9 @@ void OnMouse(TrackedPopup& tracking, const MSG& msg) {
     } else if (IsPress(message)) {
         if (hit.level >= 0)
             return;
-        if (hit.barItem >= 0 && hit.barItem != tracking.barItem)
+        if (hit.barItem >= 0 && tracking.levels.empty())
+            OpenBarItem(tracking, hit.barItem, true, false);
+        else if (hit.barItem >= 0 && hit.barItem != tracking.barItem)
             SwitchBarItem(tracking, hit.barItem, false);
         else
             tracking.done = true;
@@ -268,19 +289,49 @@ void OnChar(TrackedPopup& tracking, WCHAR ch) {
     }
 }
 
-// The next item of the bar left or right, wrapping round, that has a
-// drop-down to open.
+// The next item of the bar left or right, wrapping round: with a drop-down
+// open, the next that has a drop-down to open; with none, the next of all.
 int NextBarItem(const TrackedPopup& tracking, int step) {
     const Menu* bar = FindMenu(tracking.bar);
     const int count = bar ? static_cast<int>(bar->items.size()) : 0;
+    const bool opening = !tracking.levels.empty();
     int index = tracking.barItem;
     for (int tries = 0; tries < count; ++tries) {
         index = (index + step + count) % count;
         const MenuItem& item = bar->items[static_cast<std::size_t>(index)];
-        if (item.popup && !Greyed(item))
+        if (opening ? item.popup && !Greyed(item) : !(item.flags & MF_SEPARATOR))
             return index;
     }
     return tracking.barItem;
+}
+
+// A key while the bar has an item selected and none open; ch is the
+// character the key types, for the items' mnemonics.
+void OnBarKey(TrackedPopup& tracking, UINT vk, WCHAR ch) {
+    switch (vk) {
+    case VK_ESCAPE:
+    case VK_MENU:
+    case VK_F10:
+        tracking.done = true;
+        return;
+    case VK_LEFT:
+    case VK_RIGHT:
+        SelectBarItem(tracking, NextBarItem(tracking, vk == VK_RIGHT ? 1 : -1));
+        return;
+    case VK_DOWN:
+    case VK_UP:
+    case VK_RETURN:
+        OpenBarItem(tracking, tracking.barItem, vk == VK_RETURN, true);
+        return;
+    default:
+        break;
+    }
+    const Menu* bar = FindMenu(tracking.bar);
+    for (std::size_t i = 0; bar && ch && i < bar->items.size(); ++i)
+        if (SameMnemonic(MnemonicOf(bar->items[i].text), ch)) {
+            OpenBarItem(tracking, static_cast<int>(i), true, true);
+            return;
+        }
 }
 
 void OnKey(TrackedPopup& tracking, UINT vk) {
@@ -288,8 +339,11 @@ void OnKey(TrackedPopup& tracking, UINT vk) {
     const int barCount = tracking.bar ? GetMenuItemCount(tracking.bar) : 0;
     switch (vk) {
     case VK_ESCAPE:
+        // From the bar's drop-down back to the bar, its item still selected.
         if (last > 0)
             CloseLevels(tracking, last);
+        else if (tracking.bar)
+            SelectBarItem(tracking, tracking.barItem);
         else
             tracking.done = true;
         break;
@@ -388,13 +442,15 @@ bool RunMenuTracking(TrackedPopup& tracking) {
     if (Window* owner = tracking.bar ? WindowManager::Instance().Find(tracking.owner) : nullptr)
         RedrawFrame(owner);
     bool quit = false;
-    while (!tracking.done && !tracking.levels.empty() && !Gone(tracking)) {
+    // A menu bar stays in the loop with an item selected and none open.
+    while (!tracking.done && (!tracking.levels.empty() || tracking.bar) && !Gone(tracking)) {
         MSG msg;
         if (!PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE)) {
             if (platform::RunIdle())
                 continue;
             // Nobody is left to act: the menu goes as Escape would take it.
-            platform::automation::NoteCancelled(tracking.levels.back().window);
+            platform::automation::NoteCancelled(
+                tracking.levels.empty() ? tracking.owner : tracking.levels.back().window);
             break;
         }
         if (msg.message == WM_QUIT) {
@@ -403,12 +459,21 @@ bool RunMenuTracking(TrackedPopup& tracking) {
             break;
         }
         if (msg.message >= WM_KEYFIRST && msg.message <= WM_KEYLAST) {
+            const bool down = msg.message == WM_KEYDOWN || msg.message == WM_SYSKEYDOWN;
+            const auto vk = static_cast<UINT>(msg.wParam);
+            if (tracking.levels.empty()) {
+                // The bar alone has no window to take characters: the key's
+                // own letter is the mnemonic.
+                if (down)
+                    OnBarKey(tracking, vk, CharacterFor(vk, false, false));
+                continue;
+            }
             // The characters the keys make go to the menu's window too, and
             // go with it: none reaches the window that had the focus.
             msg.hwnd = tracking.levels.back().window;
-            if (msg.message == WM_KEYDOWN || msg.message == WM_SYSKEYDOWN) {
+            if (down) {
                 TranslateMessage(&msg);
-                OnKey(tracking, static_cast<UINT>(msg.wParam));
+                OnKey(tracking, vk);
             } else if (msg.message == WM_CHAR || msg.message == WM_SYSCHAR) {
                 OnChar(tracking, static_cast<WCHAR>(msg.wParam));
             }

@@ -32,5 +32,8 @@ bool RunMenuTracking(TrackedPopup& tracking);
 // Menu bar tracking: closes the open drop-down and opens the bar item at
 // index instead (its first item hot when from the keyboard).
 void SwitchBarItem(TrackedPopup& tracking, int index, bool keyboard);
+// Menu bar tracking: closes the open drop-down and selects the bar item at
+// index with none open.
+void SelectBarItem(TrackedPopup& tracking, int index);
 
 } // namespace platform::user

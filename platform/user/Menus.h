@@ -62,8 +62,8 @@ struct MenuLevel {
 struct TrackedPopup {
     HWND owner = nullptr;
     std::vector<MenuLevel> levels;
-    // Tracking from the owner's menu bar: the bar, and its item whose
-    // drop-down is open (-1 for a shortcut menu).
+    // Tracking from the owner's menu bar: the bar, and its item that is
+    // selected, its drop-down open or not (-1 for a shortcut menu).
     HMENU bar = nullptr;
     int barItem = -1;
     // Opened from the keyboard: the mnemonics are underlined.
@@ -81,9 +81,10 @@ bool OpenPopupLevel(std::size_t level, int index);
 // the drop-down's first item is hot.
 void TrackMenuBar(HWND hwnd, int index, bool keyboard = false);
 // The keyboard's way into the menu bar of hwnd's top-level window: Alt and
-// the letter an item underlines opens that item, F10 (ch 0) the first.
+// the letter an item underlines opens that item; Alt or F10 alone (ch 0)
+// selects the first item with none open.
 void KeyMenu(HWND hwnd, WCHAR ch);
-// The item of hwnd's menu bar whose drop-down is open, or -1.
+// The item of hwnd's menu bar that is selected (open or not), or -1.
 int OpenMenuBarItem(HWND hwnd);
 // The menu bar of a window in window coordinates (empty without one), and
 // the bar item at a point of the screen (-1 for none).

@@ -131,6 +131,11 @@ LRESULT DefWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
             if (Window* top = Manager().TopLevel(window))
                 PostMessage(top->handle, WM_CLOSE, 0, 0);
         return 0;
+    case WM_SYSKEYUP:
+        // Alt pressed and released alone selects the menu bar.
+        if (wParam == VK_MENU && platform::user::TakeAltTap())
+            platform::user::KeyMenu(hwnd, 0);
+        return 0;
     case WM_SETTEXT:
         window->text = lParam ? reinterpret_cast<LPCWSTR>(lParam) : u"";
         // The caption shows the text.

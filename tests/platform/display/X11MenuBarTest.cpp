@@ -138,6 +138,10 @@ TEST_F(X11MenuBarTest, AltAndALetterOpenTheBarFromTheKeyboard) {
         Run("xdotool windowfocus --sync " + std::to_string(platform::display::XWindowOf(top))), 0);
     ASSERT_TRUE(Act("key alt+f sleep 0.3 key Down Right Return"));
     EXPECT_EQ(g_commands, std::vector<UINT>{ID_ONE});
+    // Alt alone selects File with nothing open; Down opens it.
+    g_commands.clear();
+    ASSERT_TRUE(Act("key alt sleep 0.3 key Down Down Right Down Return"));
+    EXPECT_EQ(g_commands, std::vector<UINT>{ID_TWO});
 }
 
 } // namespace

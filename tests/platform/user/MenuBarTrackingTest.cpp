@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -25,8 +26,12 @@ constexpr UINT ID_OPEN = 101, ID_ONE = 102, ID_TWO = 103, ID_EXIT = 104, ID_COPY
                ID_HELP = 106;
 
 std::vector<std::string> g_messages;
+// The bar items selected, as WM_MENUSELECT tells them.
+std::vector<int> g_barSelected;
 
 LRESULT RecordingProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_MENUSELECT && lParam && reinterpret_cast<HMENU>(lParam) == GetMenu(hwnd))
+        g_barSelected.push_back(LOWORD(wParam));
     if (message == WM_COMMAND)
         g_messages.push_back("command " + std::to_string(LOWORD(wParam)));
     else if (message == WM_INITMENU)
@@ -43,6 +48,7 @@ protected:
     void SetUp() override {
         automation::Reset();
         g_messages.clear();
+        g_barSelected.clear();
         WNDCLASS wc{};
         wc.lpfnWndProc = RecordingProc;
         wc.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
@@ -68,6 +74,7 @@ protected:
         ClientToScreen(window, &origin);
         barY = origin.y - GetSystemMetrics(SM_CYMENU) / 2;
         // The mouse pointer, drawn in pictures, stays out of the way.
+        GetCursorPos(&pointer);
         SetCursorPos(5, 5);
     }
     void TearDown() override {
@@ -75,12 +82,23 @@ protected:
         platform::PumpMessages();
         UnregisterClass(u"MenuBarTracking", nullptr);
         automation::Reset();
+        SetCursorPos(pointer.x, pointer.y);
     }
     // A press on the bar at x (screen), as the mouse makes it, and the
     // menu's loop run to its end.
     void PressBar(int x) {
         PostMessage(window, WM_NCLBUTTONDOWN, HTMENU, MAKELPARAM(x, barY));
         platform::PumpMessages();
+    }
+    // The colour at (x, y) of a PNG picture.
+    static COLORREF PixelAt(const std::string& path, int x, int y) {
+        cairo_surface_t* image = cairo_image_surface_create_from_png(path.c_str());
+        cairo_surface_flush(image);
+        const uint32_t p =
+            *reinterpret_cast<const uint32_t*>(cairo_image_surface_get_data(image) +
+                                               y * cairo_image_surface_get_stride(image) + 4 * x);
+        cairo_surface_destroy(image);
+        return RGB((p >> 16) & 0xFF, (p >> 8) & 0xFF, p & 0xFF);
     }
     // The first item of the open drop-down, or "" with none open.
     static std::u16string OpenFirstItem() {
@@ -89,6 +107,7 @@ protected:
     }
 
     HWND window = nullptr;
+    POINT pointer{};
     POINT origin{};
     int barY = 0;
 };
@@ -119,16 +138,8 @@ TEST_F(MenuBarTrackingTest, TheOpenItemIsDrawnOnTheHotBandUntilTheMenuCloses) {
     automation::DismissPopupMenu();
     PressBar(origin.x + 10);
     platform::SaveDesktopAreaAsPng(band, closed);
-    auto pixel = [](const std::string& path) {
-        cairo_surface_t* image = cairo_image_surface_create_from_png(path.c_str());
-        cairo_surface_flush(image);
-        const uint32_t p = *reinterpret_cast<const uint32_t*>(
-            cairo_image_surface_get_data(image) + 4 * cairo_image_surface_get_stride(image) + 4);
-        cairo_surface_destroy(image);
-        return RGB((p >> 16) & 0xFF, (p >> 8) & 0xFF, p & 0xFF);
-    };
-    EXPECT_EQ(pixel(open), RGB(145, 201, 247));
-    EXPECT_EQ(pixel(closed), GetSysColor(COLOR_MENUBAR));
+    EXPECT_EQ(PixelAt(open, 1, 1), RGB(145, 201, 247));
+    EXPECT_EQ(PixelAt(closed, 1, 1), GetSysColor(COLOR_MENUBAR));
 }
 
 TEST_F(MenuBarTrackingTest, MovingAlongTheBarAndLeftAndRightOpenTheOtherDropDowns) {
@@ -162,9 +173,15 @@ TEST_F(MenuBarTrackingTest, PressesOnTheOpenItemOrElsewhereCloseWithoutACommand)
     PressBar(origin.x + 10);
     automation::ClickAt(window, POINT{100, 100});
     PressBar(origin.x + 10);
-    // Escape closes the drop-down, then the menu.
+    // Escape closes the drop-down, leaving its item selected on the bar, and
+    // then the menu.
+    automation::PopupMenuView view;
+    bool open = true;
+    automation::Key(VK_ESCAPE);
+    automation::Do([&] { open = automation::ReadPopupMenu(&view); });
     automation::Key(VK_ESCAPE);
     PressBar(origin.x + 10);
+    EXPECT_FALSE(open);
     for (const std::string& message : g_messages)
         EXPECT_EQ(message.rfind("command", 0), std::string::npos) << message;
     EXPECT_EQ(automation::CancelsForWantOfActions(), 0);
@@ -190,7 +207,9 @@ TEST_F(MenuBarTrackingTest, AltWithALetterOrF10OpensTheBarFromTheKeyboard) {
     PostMessage(window, WM_SYSCHAR, u'e', kAltHeld);
     platform::PumpMessages();
     EXPECT_EQ(g_messages.back(), "command 105");
-    // F10 opens the first drop-down: down to Recent, into it, Enter.
+    // F10 selects the first item of the bar: Down opens it, down to Recent,
+    // into it, Enter.
+    automation::Key(VK_DOWN);
     automation::Key(VK_DOWN);
     automation::Key(VK_RIGHT);
     automation::Key(VK_RETURN);
@@ -201,6 +220,7 @@ TEST_F(MenuBarTrackingTest, AltWithALetterOrF10OpensTheBarFromTheKeyboard) {
     HWND edit = CreateWindowEx(0, u"EDIT", u"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 20, window,
                                nullptr, nullptr, nullptr);
     SetFocus(edit);
+    automation::Key(VK_RETURN);
     automation::Key(VK_RETURN);
     PostMessage(edit, WM_SYSKEYDOWN, VK_F10, 1);
     platform::PumpMessages();
@@ -249,11 +269,91 @@ TEST_F(MenuBarTrackingTest, FromTheKeyboardTheMnemonicsAreUnderlined) {
     };
     const std::string byMouse = shoot("by-mouse.png");
     PressBar(origin.x + 10);
+    automation::Key(VK_DOWN);
     const std::string byKey = shoot("by-key.png");
     PostMessage(window, WM_SYSKEYDOWN, VK_F10, 1);
     platform::PumpMessages();
     // One underline under each of File's and its three items' letters.
     EXPECT_GT(ink(byKey), ink(byMouse) + 4 * 4);
+}
+
+TEST_F(MenuBarTrackingTest, AltAloneSelectsTheBarAndTheKeysMoveAlongIt) {
+    // Alt pressed and released: File selected on the hot band, its letter
+    // underlined, nothing open; Right passes Edit to Help, a command of the
+    // bar, which Enter picks.
+    const std::string selected =
+        (testing_support::TestOutputDir("menu-bar") / "alt-selected.png").string();
+    const int barHeight = GetSystemMetrics(SM_CYMENU);
+    bool open = true;
+    automation::Do([&] {
+        automation::PopupMenuView view;
+        open = automation::ReadPopupMenu(&view);
+        platform::SaveDesktopAreaAsPng(
+            RECT{origin.x, origin.y - barHeight, origin.x + 120, origin.y}, selected);
+    });
+    automation::Key(VK_RIGHT);
+    automation::Key(VK_RIGHT);
+    automation::Key(VK_RETURN);
+    PostMessage(window, WM_SYSKEYDOWN, VK_MENU, 1 << 29);
+    PostMessage(window, WM_SYSKEYUP, VK_MENU, static_cast<LPARAM>(0xC0000001u));
+    platform::PumpMessages();
+    EXPECT_FALSE(open);
+    EXPECT_EQ(PixelAt(selected, 1, 1), RGB(145, 201, 247));
+    EXPECT_EQ(g_barSelected, (std::vector<int>{0, 1, ID_HELP}));
+    EXPECT_EQ(g_messages, (std::vector<std::string>{"enter", "init menu", "exit", "command 106"}));
+    // A letter opens the item it underlines, with its first item hot.
+    g_messages.clear();
+    automation::Key('E');
+    automation::Key(VK_RETURN);
+    PostMessage(window, WM_SYSKEYDOWN, VK_MENU, 1 << 29);
+    PostMessage(window, WM_SYSKEYUP, VK_MENU, static_cast<LPARAM>(0xC0000001u));
+    platform::PumpMessages();
+    EXPECT_EQ(g_messages.back(), "command 105");
+    EXPECT_EQ(automation::CancelsForWantOfActions(), 0);
+}
+
+TEST_F(MenuBarTrackingTest, AltWithAnotherKeyOrAClickBetweenOrAltInTheMenuSelectsNothing) {
+    constexpr LPARAM kAltHeld = 1 << 29;
+    const auto altUp = static_cast<LPARAM>(0xC0000001u);
+    // Alt with a key pressed in between.
+    PostMessage(window, WM_SYSKEYDOWN, VK_MENU, kAltHeld);
+    PostMessage(window, WM_SYSKEYDOWN, VK_SHIFT, kAltHeld);
+    PostMessage(window, WM_SYSKEYUP, VK_SHIFT, kAltHeld | altUp);
+    PostMessage(window, WM_SYSKEYUP, VK_MENU, altUp);
+    // Alt with a click in between.
+    PostMessage(window, WM_SYSKEYDOWN, VK_MENU, kAltHeld);
+    PostMessage(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 20));
+    PostMessage(window, WM_LBUTTONUP, 0, MAKELPARAM(20, 20));
+    PostMessage(window, WM_SYSKEYUP, VK_MENU, altUp);
+    platform::PumpMessages();
+    EXPECT_TRUE(g_messages.empty());
+    // Alt in an open menu closes it, and its release opens nothing again.
+    automation::Do([&] {
+        PostMessage(window, WM_SYSKEYDOWN, VK_MENU, kAltHeld);
+        PostMessage(window, WM_SYSKEYUP, VK_MENU, altUp);
+    });
+    PressBar(origin.x + 10);
+    platform::PumpMessages();
+    EXPECT_EQ(std::count(g_messages.begin(), g_messages.end(), "enter"), 1);
+    EXPECT_EQ(g_messages.back(), "exit");
+    EXPECT_EQ(automation::CancelsForWantOfActions(), 0);
+}
+
+TEST_F(MenuBarTrackingTest, WithNoneOpenAPressOnAnItemOpensItAndEscapeEnds) {
+    std::u16string first;
+    automation::Do(
+        [&] { PostMessage(window, WM_NCLBUTTONDOWN, HTMENU, MAKELPARAM(origin.x + 10, barY)); });
+    automation::Do([&] { first = OpenFirstItem(); });
+    // Back to the bar, then out of the menu.
+    automation::Key(VK_ESCAPE);
+    automation::Key(VK_ESCAPE);
+    PostMessage(window, WM_SYSKEYDOWN, VK_F10, 1);
+    platform::PumpMessages();
+    EXPECT_EQ(first, u"&Open");
+    EXPECT_EQ(g_messages.back(), "exit");
+    for (const std::string& message : g_messages)
+        EXPECT_EQ(message.rfind("command", 0), std::string::npos) << message;
+    EXPECT_EQ(automation::CancelsForWantOfActions(), 0);
 }
 
 } // namespace
