@@ -307,6 +307,50 @@ void QueueEdges() {
     }
 }
 
+// The toolbox dragged by its title strip to a screen point: the button goes
+// down, the pointer moves there (a picture of the frame and around shows
+// the outline of where the bar would go) and the button comes up.
+void QueueDrag(CPoint to, const char* picture, const RECT& around) {
+    auto post = [](UINT message, CPoint screen) {
+        ::SetCursorPos(screen.x, screen.y);
+        CToolboxBar& bar = g_frame->m_toolbox;
+        bar.ScreenToClient(&screen);
+        bar.PostMessage(message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON,
+                        MAKELPARAM(screen.x, screen.y));
+    };
+    automation::Do([post] {
+        g_frame->SetStatus(u"Dragging the toolbox by its title");
+        CPoint title(60, 9);
+        g_frame->m_toolbox.ClientToScreen(&title);
+        post(WM_LBUTTONDOWN, title);
+    });
+    automation::Do([post, to] { post(WM_MOUSEMOVE, to); });
+    automation::Do([picture, around] { SaveScreen(picture, around); });
+    automation::Do([post, to] { post(WM_LBUTTONUP, to); });
+}
+
+void QueueDrags() {
+    CRect client;
+    g_frame->GetClientRect(&client);
+    g_frame->ClientToScreen(&client);
+    // Over the right edge: a thin outline, and the bar docks there.
+    QueueDrag(CPoint(client.right - 8, client.top + 120), "frame-drag-to-edge.png", RECT{});
+    automation::Do([] {
+        Check(DockedAt() == AFX_IDW_DOCKBAR_RIGHT, "dragged to the right edge");
+        g_frame->SetStatus(u"Toolbox dragged to the right edge");
+        SaveFrame("frame-dragged-to-edge.png");
+    });
+    // Out of the frame: a thick outline the size of its small frame, and
+    // the bar floats there.
+    const CPoint out(client.right + 40, client.top + 60);
+    QueueDrag(out, "frame-drag-out.png", RECT{out.x - 60, out.y - 10, out.x + 200, out.y + 250});
+    automation::Do([] {
+        Check(g_frame->m_toolbox.IsFloating() != FALSE, "dragged out to float");
+        g_frame->DockControlBar(&g_frame->m_toolbox, AFX_IDW_DOCKBAR_LEFT);
+        Check(DockedAt() == AFX_IDW_DOCKBAR_LEFT, "docked at the left after the drags");
+    });
+}
+
 void QueueHideAndShow() {
     RightClickToolbox(false);
     automation::PickPopupMenuItem(ID_DOCKINGBAR_HIDE);
@@ -354,6 +398,7 @@ int main(int argc, char** argv) {
     QueueContextMenu();
     QueueFloatAndDock();
     QueueEdges();
+    QueueDrags();
     QueueHideAndShow();
     automation::PickMenuItem(ID_APP_EXIT);
     const int code = app.Run();

@@ -45,6 +45,9 @@ protected:
     // A right click on the bar (or on its child, which passes it on) shows
     // the context menu at the mouse; the command picked comes to the bar.
     void OnContextMenu(CWnd* wnd, CPoint point);
+    // A press on the title strip of the docked bar drags it: to another
+    // edge or place, or out of the frame to float.
+    void OnLButtonDown(UINT flags, CPoint point);
     // A double click on the title strip docks or floats the bar.
     void OnLButtonDblClk(UINT flags, CPoint point);
     // A command the bar has no handler for goes on to its frame, so that a

@@ -2,6 +2,8 @@
 // while docked), its child window, its context menu and its commands.
 #include <SECControlBar.h>
 
+#include "BarDrag.h"
+
 #include <algorithm>
 
 namespace {
@@ -29,6 +31,7 @@ IMPLEMENT_DYNAMIC(SECControlBar, CControlBar)
 
 BEGIN_MESSAGE_MAP(SECControlBar, CControlBar)
 ON_WM_CONTEXTMENU()
+ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONDBLCLK()
 END_MESSAGE_MAP()
 
@@ -104,6 +107,17 @@ void SECControlBar::OnContextMenu(CWnd*, CPoint point) {
         point = where.TopLeft();
     }
     menu.TrackPopupMenu(TPM_LEFTALIGN | TPM_RIGHTBUTTON, point.x, point.y, this);
+}
+
+void SECControlBar::OnLButtonDown(UINT, CPoint point) {
+    if (IsFloating() || !m_pDockContext)
+        return;
+    CRect inside;
+    GetInsideRect(inside);
+    if (point.y >= inside.top)
+        return;
+    ClientToScreen(&point);
+    platform::toolkit::DragBar(this, point, m_szFloat);
 }
 
 void SECControlBar::OnLButtonDblClk(UINT, CPoint point) {
