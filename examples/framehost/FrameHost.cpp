@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <memory>
 #include <string>
 
 namespace {
@@ -310,7 +311,9 @@ void QueueEdges() {
 // The toolbox dragged by its title strip to a screen point: the button goes
 // down, the pointer moves there (a picture of the frame and around shows
 // the outline of where the bar would go) and the button comes up.
-void QueueDrag(CPoint to, const char* picture, const RECT& around) {
+// from: where the button goes down, on the toolbox's title strip (docked)
+// or on its small frame's caption (floating).
+void QueueDrag(bool fromCaption, CPoint to, const char* picture, const RECT& around) {
     auto post = [](UINT message, CPoint screen) {
         ::SetCursorPos(screen.x, screen.y);
         CToolboxBar& bar = g_frame->m_toolbox;
@@ -318,8 +321,16 @@ void QueueDrag(CPoint to, const char* picture, const RECT& around) {
         bar.PostMessage(message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON,
                         MAKELPARAM(screen.x, screen.y));
     };
-    automation::Do([post] {
-        g_frame->SetStatus(u"Dragging the toolbox by its title");
+    automation::Do([post, fromCaption] {
+        g_frame->SetStatus(u"Dragging the toolbox");
+        if (fromCaption) {
+            CRect small;
+            ::GetWindowRect(FloatingFrame(), &small);
+            ::SetCursorPos(small.left + 40, small.top + 8);
+            ::PostMessage(FloatingFrame(), WM_NCLBUTTONDOWN, HTCAPTION,
+                          MAKELPARAM(small.left + 40, small.top + 8));
+            return;
+        }
         CPoint title(60, 9);
         g_frame->m_toolbox.ClientToScreen(&title);
         post(WM_LBUTTONDOWN, title);
@@ -334,7 +345,7 @@ void QueueDrags() {
     g_frame->GetClientRect(&client);
     g_frame->ClientToScreen(&client);
     // Over the right edge: a thin outline, and the bar docks there.
-    QueueDrag(CPoint(client.right - 8, client.top + 120), "frame-drag-to-edge.png", RECT{});
+    QueueDrag(false, CPoint(client.right - 8, client.top + 120), "frame-drag-to-edge.png", RECT{});
     automation::Do([] {
         Check(DockedAt() == AFX_IDW_DOCKBAR_RIGHT, "dragged to the right edge");
         g_frame->SetStatus(u"Toolbox dragged to the right edge");
@@ -343,11 +354,19 @@ void QueueDrags() {
     // Out of the frame: a thick outline the size of its small frame, and
     // the bar floats there.
     const CPoint out(client.right + 40, client.top + 60);
-    QueueDrag(out, "frame-drag-out.png", RECT{out.x - 60, out.y - 10, out.x + 200, out.y + 250});
-    automation::Do([] {
+    QueueDrag(false, out, "frame-drag-out.png",
+              RECT{out.x - 60, out.y - 10, out.x + 200, out.y + 250});
+    auto small = std::make_shared<HWND>();
+    automation::Do([small] {
         Check(g_frame->m_toolbox.IsFloating() != FALSE, "dragged out to float");
-        g_frame->DockControlBar(&g_frame->m_toolbox, AFX_IDW_DOCKBAR_LEFT);
-        Check(DockedAt() == AFX_IDW_DOCKBAR_LEFT, "docked at the left after the drags");
+        *small = FloatingFrame();
+    });
+    // By its small frame's caption over the left edge: docked there again.
+    QueueDrag(true, CPoint(client.left + 6, client.top + 100), "frame-drag-back.png",
+              RECT{out.x - 60, out.y - 10, out.x + 200, out.y + 250});
+    automation::Do([small] {
+        Check(DockedAt() == AFX_IDW_DOCKBAR_LEFT, "dragged back to the left edge");
+        Check(*small && !::IsWindowVisible(*small), "its small frame went");
     });
 }
 

@@ -72,6 +72,9 @@ public:
     // The caption looks active while its frame (or the small frame itself)
     // is the active window, whatever the activation message says.
     LRESULT OnNcActivate(WPARAM wParam, LPARAM lParam);
+    // A press on the caption drags the bar: over an edge of its frame it
+    // docks there, elsewhere the small frame moves.
+    LRESULT OnNcLButtonDown(WPARAM hit, LPARAM lParam);
 
 protected:
     void OnClose();

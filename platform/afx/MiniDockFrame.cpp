@@ -1,11 +1,14 @@
 // CMiniDockFrameWnd: the small captioned frame a floating bar lies in.
 #include "DockBar.h"
 
+#include "toolkit/BarDrag.h"
+
 IMPLEMENT_DYNAMIC(CMiniDockFrameWnd, CFrameWnd)
 
 BEGIN_MESSAGE_MAP(CMiniDockFrameWnd, CFrameWnd)
 ON_WM_CLOSE()
 ON_MESSAGE(WM_NCACTIVATE, OnNcActivate)
+ON_MESSAGE(WM_NCLBUTTONDOWN, OnNcLButtonDown)
 END_MESSAGE_MAP()
 
 CMiniDockFrameWnd::CMiniDockFrameWnd() = default;
@@ -77,6 +80,15 @@ LRESULT CMiniDockFrameWnd::OnNcActivate(WPARAM, LPARAM lParam) {
     const HWND active = ::GetActiveWindow();
     const BOOL shown = active == m_hWnd || (m_pDockSite && active == m_pDockSite->m_hWnd);
     return DefWindowProc(WM_NCACTIVATE, shown, lParam);
+}
+
+LRESULT CMiniDockFrameWnd::OnNcLButtonDown(WPARAM hit, LPARAM lParam) {
+    CControlBar* bar = m_pDockBar ? m_pDockBar->FirstBar() : nullptr;
+    if (hit != HTCAPTION || !bar || !bar->m_pDockContext || !bar->m_dwDockStyle)
+        return Default();
+    platform::toolkit::DragBar(
+        bar, CPoint(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))));
+    return 0;
 }
 
 void CMiniDockFrameWnd::PostNcDestroy() {

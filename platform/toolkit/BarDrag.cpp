@@ -1,5 +1,7 @@
 #include "BarDrag.h"
 
+#include <SECControlBar.h>
+
 #include "user/ModalLoop.h"
 
 #include <platform/Automation.h>
@@ -93,15 +95,45 @@ private:
     std::array<HWND, 4> m_sides{};
 };
 
+// The small frame a floating bar lies in (the parent of its dock bar).
+HWND SmallFrameOf(CControlBar* bar) {
+    return bar->IsFloating() ? ::GetParent(::GetParent(bar->m_hWnd)) : nullptr;
+}
+
+// The size of bar docked along a top or bottom edge (horz) or a side. The
+// toolkit's bar keeps a size for each, whether it floats now or not.
+CSize DockedSize(CControlBar* bar, bool horz) {
+    if (const auto* dockable = DYNAMIC_DOWNCAST(SECControlBar, bar))
+        return horz ? dockable->m_szHorz : dockable->m_szVert;
+    return bar->CalcFixedLayout(FALSE, horz);
+}
+
+// The size of the small frame bar floats in: the one it lies in, or the one
+// it would get.
+CSize FloatingFrameSize(CControlBar* bar) {
+    if (HWND small = SmallFrameOf(bar)) {
+        CRect now;
+        ::GetWindowRect(small, &now);
+        return now.Size();
+    }
+    const auto* dockable = DYNAMIC_DOWNCAST(SECControlBar, bar);
+    const CSize client = dockable ? dockable->m_szFloat : bar->CalcFixedLayout(FALSE, TRUE);
+    CRect frame(0, 0, client.cx, client.cy);
+    ::AdjustWindowRectEx(&frame, kFloatingStyle, FALSE, kFloatingExStyle);
+    return frame.Size();
+}
+
 class Drag {
 public:
-    Drag(CControlBar* bar, CPoint start, CSize floatSize) : m_bar(bar), m_start(start) {
+    Drag(CControlBar* bar, CPoint start)
+        : m_bar(bar), m_start(start), m_floatFrame(FloatingFrameSize(bar)) {
+        // A floating bar is held by its small frame.
         CRect from;
-        bar->GetWindowRect(&from);
+        if (HWND small = SmallFrameOf(bar))
+            ::GetWindowRect(small, &from);
+        else
+            bar->GetWindowRect(&from);
         m_grab = CSize(start.x - from.left, start.y - from.top);
-        CRect frame(0, 0, floatSize.cx, floatSize.cy);
-        ::AdjustWindowRectEx(&frame, kFloatingStyle, FALSE, kFloatingExStyle);
-        m_floatFrame = frame.Size();
     }
 
     bool Moved(CPoint at) const {
@@ -121,7 +153,7 @@ public:
             if (!DockZone(edge.align, *dock, client).PtInRect(at))
                 continue;
             const bool horz = (edge.align & CBRS_ORIENT_HORZ) != 0;
-            const CSize size = m_bar->CalcFixedLayout(FALSE, horz);
+            const CSize size = DockedSize(m_bar, horz);
             Target target;
             target.dockBarId = edge.id;
             // The outline stays inside the frame, where the bar will lie.
@@ -171,9 +203,10 @@ private:
 
     CControlBar* m_bar;
     CPoint m_start;
-    // Where the pointer holds the bar, from its top-left corner.
-    CSize m_grab;
     CSize m_floatFrame;
+    // Where the pointer holds the bar (or its small frame), from the
+    // top-left corner.
+    CSize m_grab;
 };
 
 CPoint ScreenPointOf(const MSG& msg) {
@@ -184,13 +217,13 @@ CPoint ScreenPointOf(const MSG& msg) {
 
 } // namespace
 
-bool DragBar(CControlBar* bar, CPoint start, CSize floatSize) {
+bool DragBar(CControlBar* bar, CPoint start) {
     if (!bar || !bar->m_hWnd || !bar->m_pDockSite || !bar->m_pDockSite->m_hWnd ||
         !bar->m_pDockContext)
         return false;
     const HWND hwnd = bar->m_hWnd;
     CFrameWnd* frame = bar->m_pDockSite;
-    const Drag drag(bar, start, floatSize);
+    const Drag drag(bar, start);
     bool moving = false;
     bool dropped = false;
     Target target;
@@ -242,7 +275,8 @@ bool DragBar(CControlBar* bar, CPoint start, CSize floatSize) {
     if (target.dockBarId)
         frame->DockControlBar(bar, target.dockBarId, &target.dockAt);
     else
-        frame->FloatControlBar(bar, target.outline.TopLeft(), CBRS_ALIGN_TOP);
+        frame->FloatControlBar(bar, target.outline.TopLeft(),
+                               bar->m_pDockContext->m_dwMRUFloatStyle);
     return true;
 }
 

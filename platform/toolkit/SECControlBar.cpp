@@ -117,7 +117,7 @@ void SECControlBar::OnLButtonDown(UINT, CPoint point) {
     if (point.y >= inside.top)
         return;
     ClientToScreen(&point);
-    platform::toolkit::DragBar(this, point, m_szFloat);
+    platform::toolkit::DragBar(this, point);
 }
 
 void SECControlBar::OnLButtonDblClk(UINT, CPoint point) {

@@ -105,11 +105,17 @@ void PostButton(HWND top, POINT desktop, MouseButton button, bool down, WPARAM k
         return;
     SetCursorPos(desktop.x, desktop.y);
     // A press on a window's menu bar is the non-client press that opens the
-    // bar's menu. The rest of the frame is the window manager's on a display.
-    if (down && button == MouseButton::Left && target == top && !GetCapture() &&
-        SendMessage(target, WM_NCHITTEST, 0, MAKELPARAM(desktop.x, desktop.y)) == HTMENU) {
-        PostMessage(target, WM_NCLBUTTONDOWN, HTMENU, MAKELPARAM(desktop.x, desktop.y));
-        return;
+    // bar's menu, and one on the caption of a tool window (the small frame of
+    // a floating bar) the press that drags it. The rest of the frame is the
+    // window manager's on a display.
+    if (down && button == MouseButton::Left && target == top && !GetCapture()) {
+        const LRESULT hit = SendMessage(target, WM_NCHITTEST, 0, MAKELPARAM(desktop.x, desktop.y));
+        const bool toolWindow = (GetWindowLongPtr(target, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0;
+        if (hit == HTMENU || (hit == HTCAPTION && toolWindow)) {
+            PostMessage(target, WM_NCLBUTTONDOWN, static_cast<WPARAM>(hit),
+                        MAKELPARAM(desktop.x, desktop.y));
+            return;
+        }
     }
     const bool isDouble = down && IsDoubleClick(target, button, desktop, time);
     WPARAM wParam = keys;

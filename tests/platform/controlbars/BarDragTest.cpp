@@ -1,7 +1,8 @@
-// Dragging a docked bar by its title strip with the mouse: an outline shows
-// where it would go while the button is held, the release docks it at
-// another edge, row or place, or floats it outside; a small movement,
-// Escape or a right click leave it where it was.
+// Dragging a bar with the mouse, a docked one by its title strip, a floating
+// one by its small frame's caption: an outline shows where it would go while
+// the button is held, the release docks it at an edge, row or place, or
+// floats it outside; a small movement, Escape or a right click leave it
+// where it was.
 #include "BarFrame.h"
 
 #include <SECControlBar.h>
@@ -138,6 +139,39 @@ TEST_F(BarDragTest, DroppedOutsideTheFrameTheBarFloatsThereWithAThickOutlineOnTh
     EXPECT_EQ(over.around, small);
     // Floating, the bar's own presses drag nothing: its small frame moves.
     bar.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(30, 8));
+    EXPECT_EQ(automation::CancelsForWantOfActions(), 0);
+}
+
+TEST_F(BarDragTest, AFloatingBarDraggedByItsCaptionMovesOrDocksOverAnEdge) {
+    frame->FloatControlBar(&bar, CPoint(760, 150), CBRS_ALIGN_TOP);
+    ASSERT_TRUE(bar.IsFloating());
+    const HWND small = ::GetParent(::GetParent(bar.m_hWnd));
+    auto pressCaption = [&] {
+        CRect now;
+        ::GetWindowRect(small, &now);
+        ::SendMessage(small, WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(now.left + 40, now.top + 8));
+        platform::PumpMessages();
+    };
+    // Moved a little, the small frame follows.
+    QueueMove(CPoint(760 + 40 + 30, 150 + 8 + 20));
+    QueueMove(CPoint(760 + 40 + 30, 150 + 8 + 20), WM_LBUTTONUP);
+    pressCaption();
+    CRect moved;
+    ::GetWindowRect(small, &moved);
+    EXPECT_TRUE(bar.IsFloating());
+    EXPECT_EQ(moved.TopLeft(), CPoint(790, 170));
+    // Over the frame's left edge it docks there, and the small frame goes.
+    const CPoint left(ClientOnScreen().left + 5, ClientOnScreen().top + 100);
+    OutlineSeen over;
+    QueueMove(left);
+    automation::Do([&] { over = Enclosed(OutlineSides(frameHwnd())); });
+    QueueMove(left, WM_LBUTTONUP);
+    pressCaption();
+    EXPECT_EQ(DockedIn(bar), AFX_IDW_DOCKBAR_LEFT);
+    EXPECT_FALSE(::IsWindowVisible(small));
+    // The outline had the bar's size along a side.
+    EXPECT_EQ(over.line, 1);
+    EXPECT_EQ(over.around.Size(), bar.m_szVert);
     EXPECT_EQ(automation::CancelsForWantOfActions(), 0);
 }
 

@@ -1,6 +1,7 @@
-// A docked bar dragged by its title strip with a real pointer on a private X
-// server: held and moved over the frame's right edge it docks there, moved
-// out of the frame it floats where the button comes up.
+// A bar dragged with a real pointer on a private X server: by its title strip
+// over the frame's right edge it docks there, out of the frame it floats
+// where the button comes up, and by its small frame's caption over the left
+// edge it docks again.
 #ifdef WIN_TEST_HAVE_XCB
 #include "XvfbFixture.h"
 
@@ -40,17 +41,20 @@ protected:
         XvfbFixture::TearDown();
     }
 
-    // Holds the button on the bar's title strip, moves in steps to a screen
-    // point and lets go there, pumping until done says the bar went.
-    bool DragTitleTo(POINT to, const std::function<bool()>& done) {
-        POINT title{30, 8};
-        ::ClientToScreen(bar.m_hWnd, &title);
+    // Holds the button at a screen point, moves in steps to another and
+    // lets go there, pumping until done says the bar went.
+    bool Drag(POINT title, POINT to, const std::function<bool()>& done) {
         const std::string actions = MoveTo(title) + "sleep 0.2 mousedown 1 sleep 0.2 " +
                                     MoveTo(POINT{(title.x + to.x) / 2, (title.y + to.y) / 2}) +
                                     "sleep 0.2 " + MoveTo(to) + "sleep 0.3 mouseup 1";
         if (Run("xdotool " + actions + " >/dev/null 2>&1 &") != 0)
             return false;
         return PumpUntil(done);
+    }
+    bool DragTitleTo(POINT to, const std::function<bool()>& done) {
+        POINT title{30, 8};
+        ::ClientToScreen(bar.m_hWnd, &title);
+        return Drag(title, to, done);
     }
     static std::string MoveTo(POINT at) {
         return "mousemove " + std::to_string(at.x) + " " + std::to_string(at.y) + " ";
@@ -73,6 +77,9 @@ TEST_F(X11BarDragTest, TheTitleStripDraggedToAnEdgeDocksThereAndOutOfTheFrameFlo
     CRect small;
     ::GetWindowRect(::GetParent(::GetParent(bar.m_hWnd)), &small);
     EXPECT_EQ(small.left, client.right + 60 - 30);
+    // Its small frame's caption dragged over the left edge docks it there.
+    ASSERT_TRUE(Drag(POINT{small.left + 40, small.top + 8}, POINT{client.left + 5, client.top + 80},
+                     [&] { return DockedIn() == AFX_IDW_DOCKBAR_LEFT; }));
     EXPECT_EQ(::GetCapture(), nullptr);
 }
 
