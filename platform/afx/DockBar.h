@@ -7,6 +7,17 @@
 
 #include <vector>
 
+// The edges a frame docks bars at, in the order its layout gives them their
+// room and a bar that may dock anywhere tries them.
+struct DockEdge {
+    DWORD align; // CBRS_ALIGN_ bit
+    UINT id;     // the id of the dock bar along it
+};
+inline constexpr DockEdge kDockEdges[] = {{CBRS_ALIGN_TOP, AFX_IDW_DOCKBAR_TOP},
+                                          {CBRS_ALIGN_BOTTOM, AFX_IDW_DOCKBAR_BOTTOM},
+                                          {CBRS_ALIGN_LEFT, AFX_IDW_DOCKBAR_LEFT},
+                                          {CBRS_ALIGN_RIGHT, AFX_IDW_DOCKBAR_RIGHT}};
+
 class CDockBar : public CControlBar {
     DECLARE_DYNAMIC(CDockBar)
 

@@ -6,18 +6,6 @@
 
 namespace {
 
-struct Edge {
-    DWORD align;
-    UINT id;
-};
-
-// The order the edges take their room in, and the order a bar that may
-// dock anywhere tries them.
-constexpr Edge kEdges[] = {{CBRS_ALIGN_TOP, AFX_IDW_DOCKBAR_TOP},
-                           {CBRS_ALIGN_BOTTOM, AFX_IDW_DOCKBAR_BOTTOM},
-                           {CBRS_ALIGN_LEFT, AFX_IDW_DOCKBAR_LEFT},
-                           {CBRS_ALIGN_RIGHT, AFX_IDW_DOCKBAR_RIGHT}};
-
 CDockBar* AsDockBar(CControlBar* bar) {
     return bar && bar->IsDockBar() ? static_cast<CDockBar*>(bar) : nullptr;
 }
@@ -63,7 +51,7 @@ CControlBar* CFrameWnd::GetControlBar(UINT id) {
 void CFrameWnd::EnableDocking(DWORD dockStyle) {
     if (!m_hWnd)
         return;
-    for (const Edge& edge : kEdges) {
+    for (const DockEdge& edge : kDockEdges) {
         if (!(dockStyle & edge.align) || GetControlBar(edge.id))
             continue;
         // The dock bar deletes itself with its window, or when it cannot
@@ -79,7 +67,7 @@ void CFrameWnd::DockControlBar(CControlBar* bar, UINT dockBarId, LPCRECT rect) {
     if (!bar || !bar->m_hWnd || !m_hWnd || bar->IsDockBar() || !bar->m_dwDockStyle)
         return;
     CDockBar* dock = nullptr;
-    for (const Edge& edge : kEdges) {
+    for (const DockEdge& edge : kDockEdges) {
         if ((dockBarId && edge.id != dockBarId) || !(bar->m_dwDockStyle & edge.align))
             continue;
         if ((dock = AsDockBar(GetControlBar(edge.id))) != nullptr)

@@ -2,6 +2,7 @@
 
 #include <SECControlBar.h>
 
+#include "afx/DockBar.h"
 #include "user/ModalLoop.h"
 
 #include <platform/Automation.h>
@@ -27,17 +28,6 @@ constexpr int kFloatingLine = 3;
 // The small frame a floating bar lies in.
 constexpr DWORD kFloatingStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
 constexpr DWORD kFloatingExStyle = WS_EX_TOOLWINDOW;
-
-struct Edge {
-    DWORD align;
-    UINT id;
-};
-
-// The order the frame's edges are tried in, as its layout takes them.
-constexpr Edge kEdges[] = {{CBRS_ALIGN_TOP, AFX_IDW_DOCKBAR_TOP},
-                           {CBRS_ALIGN_BOTTOM, AFX_IDW_DOCKBAR_BOTTOM},
-                           {CBRS_ALIGN_LEFT, AFX_IDW_DOCKBAR_LEFT},
-                           {CBRS_ALIGN_RIGHT, AFX_IDW_DOCKBAR_RIGHT}};
 
 // Where the bar would go: docked in the dock bar dockBarId, its row and
 // place the ones dockAt's corner points at, or floating (dockBarId 0) with
@@ -146,7 +136,7 @@ public:
         CRect client;
         frame->GetClientRect(&client);
         frame->ClientToScreen(&client);
-        for (const Edge& edge : kEdges) {
+        for (const DockEdge& edge : kDockEdges) {
             CControlBar* dock = frame->GetControlBar(edge.id);
             if (!(m_bar->m_dwDockStyle & edge.align) || !dock || !dock->m_hWnd)
                 continue;

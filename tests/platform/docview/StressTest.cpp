@@ -1,8 +1,8 @@
 // A long run of random user actions over the notes host: menu commands, keys,
-// clicks, closes, MDI moves and resizes, the menu bar under the mouse and the
-// keys, with the save prompts answered. Every
-// modal loop must end by the user's hand, and at the end no window, document
-// or GDI object may be left over. The run is seeded, so a failure repeats;
+// clicks, closes, MDI moves and resizes, the menu bar under the mouse, Alt
+// and the keys, with the save prompts answered. Every modal loop must end by
+// the user's hand, and at the end no window, document or GDI object may be
+// left over. The run is seeded, so a failure repeats;
 // WIN_STRESS_SEED and WIN_STRESS_ACTIONS change the seed and the length.
 #include "NotesHost.h"
 
@@ -109,17 +109,27 @@ protected:
         AnswerSavePrompt(child);
     }
 
-    // A press somewhere on the menu bar, a few keys through what opens, and
-    // the menu dismissed (a press past the items opens nothing).
+    // A press somewhere on the menu bar (a press past the items opens
+    // nothing) or Alt tapped alone (the bar selected, nothing open), a few
+    // keys through what opens, and the menu dismissed.
     void QueueMenuBar() {
         const HWND frame = main->m_hWnd;
         const int x = Below(300);
-        automation::Do([frame, x] {
+        const bool alt = Below(3) == 0;
+        automation::Do([frame, x, alt] {
+            if (alt) {
+                PostMessage(frame, WM_SYSKEYDOWN, VK_MENU, 1 << 29);
+                PostMessage(frame, WM_SYSKEYUP, VK_MENU, static_cast<LPARAM>(0xC0000001u));
+                return;
+            }
             POINT origin{0, 0};
             ClientToScreen(frame, &origin);
             PostMessage(frame, WM_NCLBUTTONDOWN, HTMENU,
                         MAKELPARAM(origin.x + x, origin.y - GetSystemMetrics(SM_CYMENU) / 2));
         });
+        // From the selected bar, Down opens the first drop-down.
+        if (alt)
+            automation::Key(VK_DOWN);
         automation::Do([this] {
             automation::PopupMenuView view;
             menusOpened += automation::ReadPopupMenu(&view) ? 1 : 0;
