@@ -66,3 +66,13 @@ typedef struct tagMINMAXINFO {
 // The smallest size a user can drag a window to.
 #define SM_CXMINTRACK 34
 #define SM_CYMINTRACK 35
+
+// Moving a window by its caption and closing it by its close box: a press on
+// the caption runs the move loop (WM_SYSCOMMAND with SC_MOVE; each mouse move
+// sends WM_MOVING, lParam the RECT the window is about to take), and a press
+// released on the close box sends SC_CLOSE, which the default procedure
+// turns into WM_CLOSE.
+#define HTCLOSE 20
+#define SC_MOVE 0xF010
+#define SC_CLOSE 0xF060
+#define WM_MOVING 0x0216

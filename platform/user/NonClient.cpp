@@ -3,6 +3,7 @@
 // Windows 10-like look: a white caption, dark text (grey when inactive), and
 // a one-pixel outline in the accent colour around the active window.
 #include "Menus.h"
+#include "Sizing.h"
 #include "WindowManager.h"
 
 #include "controls/ControlPaint.h"
@@ -45,7 +46,7 @@ void DrawCaption(HDC hdc, const Window* window, const RECT& bar) {
     COLORREF ink = window->ncActive ? GetSysColor(COLOR_CAPTIONTEXT) : kInactiveText;
     RECT text{bar.left + kTextIndent, bar.top, bar.right - 4, bar.bottom};
     if (window->style & WS_SYSMENU) {
-        RECT box{bar.right - GetSystemMetrics(SM_CXSIZE), bar.top, bar.right, bar.bottom};
+        const RECT box = CloseBoxRect(window);
         DrawCloseBox(hdc, box, ink);
         text.right = box.left - 4;
     }

@@ -104,14 +104,13 @@ void PostButton(HWND top, POINT desktop, MouseButton button, bool down, WPARAM k
     if (!target)
         return;
     SetCursorPos(desktop.x, desktop.y);
-    // A press on a window's menu bar is the non-client press that opens the
-    // bar's menu, and one on the caption of a tool window (the small frame of
-    // a floating bar) the press that drags it. The rest of the frame is the
-    // window manager's on a display.
+    // A press on the frame a window draws (its menu bar, caption, close box
+    // or sizing edges) is a non-client press, which the window or the
+    // default procedure acts on: the window manager's own frame around it,
+    // on a display, stays the window manager's.
     if (down && button == MouseButton::Left && target == top && !GetCapture()) {
         const LRESULT hit = SendMessage(target, WM_NCHITTEST, 0, MAKELPARAM(desktop.x, desktop.y));
-        const bool toolWindow = (GetWindowLongPtr(target, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0;
-        if (hit == HTMENU || (hit == HTCAPTION && toolWindow)) {
+        if (hit != HTCLIENT && hit != HTNOWHERE && hit != HTBORDER && hit > 0) {
             PostMessage(target, WM_NCLBUTTONDOWN, static_cast<WPARAM>(hit),
                         MAKELPARAM(desktop.x, desktop.y));
             return;

@@ -1,8 +1,9 @@
-// Sizing a window by its frame. The loop runs inside the default procedure,
-// as the original's does: it takes the mouse messages of the drag from the
-// queue itself (they never reach the window), dispatches everything else,
-// and asks the simulated user for more when the queue runs dry; with nobody
-// left to act it ends as Escape would, with the window put back.
+// Sizing a window by its frame, moving it by its caption and closing it by
+// its close box. The loops run inside the default procedure, as the
+// original's do: they take the mouse messages of the drag from the queue
+// themselves (they never reach the window), dispatch everything else, and ask
+// the simulated user for more when the queue runs dry; with nobody left to
+// act they end as Escape would, the window put back.
 #include "Sizing.h"
 
 #include "Menus.h"
@@ -38,6 +39,9 @@ RECT InParent(HWND hwnd, RECT screen) {
                 screen.bottom - origin.y};
 }
 
+// The drag's edge when the caption moves the whole window.
+constexpr UINT kMoveWhole = 0;
+
 // The drag's state: where it started and what moves.
 struct Drag {
     HWND hwnd;
@@ -64,6 +68,14 @@ void Track(const Drag& drag, POINT mouse) {
     const int dx = mouse.x - drag.start.x;
     const int dy = mouse.y - drag.start.y;
     RECT rect = drag.original;
+    if (drag.edge == kMoveWhole) {
+        rect = RECT{rect.left + dx, rect.top + dy, rect.right + dx, rect.bottom + dy};
+        SendMessage(drag.hwnd, WM_MOVING, 0, reinterpret_cast<LPARAM>(&rect));
+        const RECT placed = InParent(drag.hwnd, rect);
+        SetWindowPos(drag.hwnd, nullptr, placed.left, placed.top, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        return;
+    }
     if (MovesLeft(drag.edge))
         rect.left += dx;
     if (MovesRight(drag.edge))
@@ -162,6 +174,51 @@ void RunSizingLoop(HWND hwnd, UINT edge, POINT start) {
     SendMessage(hwnd, WM_EXITSIZEMOVE, 0, 0);
 }
 
+// Follows a press on the close box until the button comes up; true when it
+// comes up on the box. Escape, or nobody left to let go, is no.
+bool ReleasedOnCloseBox(HWND hwnd) {
+    SetCapture(hwnd);
+    bool onBox = false;
+    for (bool done = false; !done && IsWindow(hwnd) && GetCapture() == hwnd;) {
+        MSG msg;
+        if (!PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE)) {
+            if (platform::RunIdle())
+                continue;
+            break;
+        }
+        switch (msg.message) {
+        case WM_MOUSEMOVE:
+            break;
+        case WM_LBUTTONUP: {
+            RECT outer{};
+            GetWindowRect(hwnd, &outer);
+            const RECT box = CloseBoxRect(WindowManager::Instance().Find(hwnd));
+            const POINT at = MousePoint(msg);
+            const int x = at.x - outer.left, y = at.y - outer.top;
+            onBox = x >= box.left && x < box.right && y >= box.top && y < box.bottom;
+            done = true;
+            break;
+        }
+        case WM_KEYDOWN:
+            done = msg.wParam == VK_ESCAPE;
+            break;
+        case WM_QUIT:
+            PostQuitMessage(static_cast<int>(msg.wParam));
+            done = true;
+            break;
+        default:
+            TranslateMessage(&msg);
+            DispatchMessage(&msg);
+            if (msg.message == WM_PAINT && IsWindow(msg.hwnd))
+                ValidateRect(msg.hwnd, nullptr);
+            break;
+        }
+    }
+    if (GetCapture() == hwnd)
+        ReleaseCapture();
+    return onBox && IsWindow(hwnd);
+}
+
 } // namespace
 
 LRESULT NonClientHitTest(const Window* window, POINT screen) {
@@ -195,9 +252,24 @@ LRESULT NonClientHitTest(const Window* window, POINT screen) {
     }
     if ((window->style & WS_CAPTION) == WS_CAPTION && y < frame.top &&
         y >= frame.top - GetSystemMetrics(SM_CYCAPTION) -
-                 (window->menu ? GetSystemMetrics(SM_CYMENU) : 0))
-        return window->menu && y >= frame.top - GetSystemMetrics(SM_CYMENU) ? HTMENU : HTCAPTION;
+                 (window->menu ? GetSystemMetrics(SM_CYMENU) : 0)) {
+        if (window->menu && y >= frame.top - GetSystemMetrics(SM_CYMENU))
+            return HTMENU;
+        const RECT box = CloseBoxRect(window);
+        return x >= box.left && x < box.right && y >= box.top && y < box.bottom ? HTCLOSE
+                                                                                : HTCAPTION;
+    }
     return HTBORDER;
+}
+
+RECT CloseBoxRect(const Window* window) {
+    if ((window->style & WS_CAPTION) != WS_CAPTION || !(window->style & WS_SYSMENU))
+        return RECT{0, 0, 0, 0};
+    const int edge = (window->exStyle & WS_EX_CLIENTEDGE) ? GetSystemMetrics(SM_CXEDGE) : 0;
+    const int band = window->frame.left - edge;
+    const int right = window->Width() - band;
+    return RECT{right - GetSystemMetrics(SM_CXSIZE), band, right,
+                band + GetSystemMetrics(SM_CYCAPTION) - 1};
 }
 
 void NonClientPress(HWND hwnd, WPARAM hit, LPARAM where) {
@@ -206,16 +278,34 @@ void NonClientPress(HWND hwnd, WPARAM hit, LPARAM where) {
                                                      static_cast<short>(HIWORD(where))}));
     else if (hit >= HTLEFT && hit <= HTBOTTOMRIGHT)
         SendMessage(hwnd, WM_SYSCOMMAND, SC_SIZE + (hit - HTLEFT + WMSZ_LEFT), where);
+    else if (hit == HTCAPTION)
+        SendMessage(hwnd, WM_SYSCOMMAND, SC_MOVE + HTCAPTION, where);
+    else if (hit == HTCLOSE && ReleasedOnCloseBox(hwnd))
+        SendMessage(hwnd, WM_SYSCOMMAND, SC_CLOSE, where);
 }
 
 void SystemCommand(HWND hwnd, WPARAM command, LPARAM where) {
     Window* window = WindowManager::Instance().Find(hwnd);
-    if (!window || (command & 0xFFF0) != SC_SIZE || !Sizable(window))
+    if (!window)
         return;
-    const UINT edge = static_cast<UINT>(command & 0x0F);
-    if (edge < WMSZ_LEFT || edge > WMSZ_BOTTOMRIGHT)
-        return;
-    RunSizingLoop(hwnd, edge, POINT{LowSigned(where), HighSigned(where)});
+    const POINT start{LowSigned(where), HighSigned(where)};
+    switch (command & 0xFFF0) {
+    case SC_SIZE: {
+        const UINT edge = static_cast<UINT>(command & 0x0F);
+        if (Sizable(window) && edge >= WMSZ_LEFT && edge <= WMSZ_BOTTOMRIGHT)
+            RunSizingLoop(hwnd, edge, start);
+        break;
+    }
+    case SC_MOVE:
+        if (!(window->style & (WS_MINIMIZE | WS_MAXIMIZE)))
+            RunSizingLoop(hwnd, kMoveWhole, start);
+        break;
+    case SC_CLOSE:
+        SendMessage(hwnd, WM_CLOSE, 0, 0);
+        break;
+    default:
+        break;
+    }
 }
 
 } // namespace platform::user

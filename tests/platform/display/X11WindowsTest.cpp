@@ -1,6 +1,6 @@
 // Top-level windows of a program's own classes on a private X server: the
-// mouse's buttons and double clicks, resizing from the display, and owned
-// windows kept above their owners.
+// mouse's buttons and double clicks, the frame the window draws, resizing
+// from the display, and owned windows kept above their owners.
 #ifdef WIN_TEST_HAVE_XCB
 #include "XvfbFixture.h"
 
@@ -110,6 +110,39 @@ TEST_F(X11WindowsTest, ButtonsAndDoubleClicksArriveInClientCoordinates) {
     GetCursorPos(&cursor);
     EXPECT_EQ(cursor.x, origin.x + 50);
     EXPECT_EQ(cursor.y, origin.y + 40);
+}
+
+TEST_F(X11WindowsTest, TheFrameTheWindowDrawsMovesSizesAndClosesIt) {
+    if (Run("xdotool version") != 0)
+        GTEST_SKIP() << "xdotool is not installed";
+    HWND hwnd = CreateWindowEx(0, u"X11Recording", u"Frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40,
+                               30, 300, 200, nullptr, nullptr, nullptr, nullptr);
+    windows.push_back(hwnd);
+    ASSERT_TRUE(PumpUntil([&] { return platform::display::XWindowOf(hwnd) != 0; }));
+    auto rect = [hwnd] {
+        RECT r{};
+        GetWindowRect(hwnd, &r);
+        return r;
+    };
+    auto drag = [this](int x, int y, int dx, int dy) {
+        const std::string from = std::to_string(x) + " " + std::to_string(y);
+        const std::string to = std::to_string(x + dx) + " " + std::to_string(y + dy);
+        return Run("xdotool mousemove " + from + " sleep 0.1 mousedown 1 sleep 0.1 mousemove " +
+                   to + " sleep 0.1 mouseup 1 >/dev/null 2>&1 &") == 0;
+    };
+    // The caption moves the window.
+    ASSERT_TRUE(drag(40 + 60, 30 + 12, 50, 30));
+    ASSERT_TRUE(PumpUntil([&] { return rect().left == 90 && rect().top == 60; }));
+    EXPECT_EQ(rect().right - rect().left, 300);
+    // The bottom right corner sizes it.
+    ASSERT_TRUE(drag(90 + 299, 60 + 199, 40, 20));
+    ASSERT_TRUE(PumpUntil([&] { return rect().right == 90 + 340 && rect().bottom == 60 + 220; }));
+    // The close box closes it.
+    const RECT now = rect();
+    ASSERT_EQ(Run("xdotool mousemove " + std::to_string(now.right - 12) + " " +
+                  std::to_string(now.top + 12) + " click 1"),
+              0);
+    EXPECT_TRUE(PumpUntil([&] { return !IsWindow(hwnd); }));
 }
 
 TEST_F(X11WindowsTest, TheMiddleButtonItsDoubleClickAndTheHeldKeysArrive) {

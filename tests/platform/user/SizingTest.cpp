@@ -1,12 +1,14 @@
 // Sizing a window by its frame: where a point lies in the frame, the sizing
 // loop's messages, the limits a window sets, Escape and a drag that nobody
-// finishes, other edges, child windows, and the simulated user's corner drag.
+// finishes, other edges, child windows, and the simulated user's corner drag;
+// moving it by its caption and closing it by its close box.
 #include <afxwin.h>
 #include <platform/Automation.h>
 #include <platform/MessagePump.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -48,6 +50,12 @@ LRESULT SizingProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SIZE:
         g_seen.messages.push_back("size " + std::to_string(LOWORD(lParam)) + "x" +
                                   std::to_string(HIWORD(lParam)));
+        break;
+    case WM_MOVING:
+        g_seen.messages.push_back("moving");
+        break;
+    case WM_CLOSE:
+        g_seen.messages.push_back("close");
         break;
     case WM_MOUSEMOVE:
     case WM_LBUTTONUP:
@@ -131,6 +139,10 @@ TEST_F(SizingTest, TheFrameIsHitTestedByItsParts) {
     EXPECT_EQ(Hit(hwnd, 390, 299), HTBOTTOMRIGHT);
     EXPECT_EQ(Hit(hwnd, 399, 290), HTBOTTOMRIGHT);
     EXPECT_EQ(Hit(hwnd, 250, origin.y - 5), HTCAPTION);
+    // The close box at the caption's right end.
+    EXPECT_EQ(Hit(hwnd, 400 - border - 5, 100 + border + 5), HTCLOSE);
+    EXPECT_EQ(Hit(hwnd, 400 - border - GetSystemMetrics(SM_CXSIZE) - 1, 100 + border + 5),
+              HTCAPTION);
     EXPECT_EQ(Hit(hwnd, 99, 200), HTNOWHERE);
     EXPECT_EQ(Hit(hwnd, 400, 200), HTNOWHERE);
 
@@ -233,6 +245,39 @@ TEST_F(SizingTest, TheSimulatedUserDragsTheActiveWindowsCorner) {
     platform::PumpMessages();
     EXPECT_EQ(Rect(fixed), CRect(500, 100, 700, 200));
     EXPECT_NE(automation::Record().back().find("has no sizing corner"), std::string::npos);
+}
+
+TEST_F(SizingTest, TheCaptionMovesTheWindowAndEscapePutsItBack) {
+    HWND hwnd = Make(WS_OVERLAPPEDWINDOW | WS_VISIBLE, RECT{100, 100, 400, 300});
+    g_seen.messages.clear();
+    PostDrag(hwnd, HTCAPTION, POINT{200, 110}, {POINT{220, 120}, POINT{250, 140}});
+    platform::PumpMessages();
+    EXPECT_EQ(Rect(hwnd), CRect(150, 130, 450, 330));
+    EXPECT_EQ(g_seen.messages,
+              (std::vector<std::string>{"minmax", "enter", "moving", "moving", "moving", "exit"}));
+    PostDrag(hwnd, HTCAPTION, POINT{200, 140}, {POINT{300, 300}}, false);
+    PostMessage(hwnd, WM_KEYDOWN, VK_ESCAPE, 0);
+    platform::PumpMessages();
+    EXPECT_EQ(Rect(hwnd), CRect(150, 130, 450, 330));
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(SizingTest, TheCloseBoxClosesWhenTheButtonComesUpOnIt) {
+    HWND hwnd = Make(WS_OVERLAPPEDWINDOW | WS_VISIBLE, RECT{100, 100, 400, 300});
+    POINT origin{0, 0};
+    ClientToScreen(hwnd, &origin);
+    const POINT box{400 - (origin.x - 100) - 5, 100 + (origin.x - 100) + 5};
+    // Let go beside the box: nothing.
+    PostDrag(hwnd, HTCLOSE, box, {POINT{box.x - 60, box.y}});
+    platform::PumpMessages();
+    EXPECT_TRUE(IsWindow(hwnd));
+    EXPECT_EQ(std::count(g_seen.messages.begin(), g_seen.messages.end(), "close"), 0);
+    // Let go on it: WM_CLOSE, and the default procedure destroys the window.
+    PostDrag(hwnd, HTCLOSE, box, {box});
+    platform::PumpMessages();
+    EXPECT_EQ(g_seen.messages.back(), "close");
+    EXPECT_FALSE(IsWindow(hwnd));
+    EXPECT_EQ(GetCapture(), nullptr);
 }
 
 } // namespace
