@@ -11,6 +11,7 @@
 #include <platform/MessagePump.h>
 
 #include <algorithm>
+#include <functional>
 
 namespace platform::user {
 
@@ -111,46 +112,37 @@ POINT MousePoint(const MSG& msg) {
     return msg.pt;
 }
 
-void RunSizingLoop(HWND hwnd, UINT edge, POINT start) {
-    Drag drag{hwnd, edge, start, RECT{}, MINMAXINFO{}};
-    GetWindowRect(hwnd, &drag.original);
-    drag.limits.ptMaxSize = POINT{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-    drag.limits.ptMinTrackSize =
-        POINT{GetSystemMetrics(SM_CXMINTRACK), GetSystemMetrics(SM_CYMINTRACK)};
-    drag.limits.ptMaxTrackSize = POINT{32767, 32767};
-    SendMessage(hwnd, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&drag.limits));
+// How a loop that has the mouse goes on after a message.
+enum class Step { Going, Done, Cancelled };
+
+// Runs a loop with the mouse captured for hwnd. Mouse moves, the button's
+// release and keys going down go to step; everything else is dispatched. It
+// ends when step says so, and is cancelled when the capture goes, WM_QUIT
+// comes up (posted again for the loop outside) or nobody is left to act.
+Step RunCapturedLoop(HWND hwnd, const std::function<Step(const MSG&)>& step) {
     SetCapture(hwnd);
-    SendMessage(hwnd, WM_ENTERSIZEMOVE, 0, 0);
-    bool cancelled = false;
-    for (bool done = false; !done;) {
+    Step result = Step::Going;
+    while (result == Step::Going) {
         if (!IsWindow(hwnd) || GetCapture() != hwnd) {
-            cancelled = true; // something else took the mouse
+            result = Step::Cancelled; // something else took the mouse
             break;
         }
         MSG msg;
         if (!PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE)) {
             if (platform::RunIdle())
                 continue;
-            cancelled = true;
+            result = Step::Cancelled;
             break;
         }
         switch (msg.message) {
         case WM_MOUSEMOVE:
-            Track(drag, MousePoint(msg));
-            break;
         case WM_LBUTTONUP:
-            Track(drag, MousePoint(msg));
-            done = true;
-            break;
         case WM_KEYDOWN:
-            if (msg.wParam == VK_ESCAPE)
-                cancelled = done = true;
-            else if (msg.wParam == VK_RETURN)
-                done = true;
+            result = step(msg);
             break;
         case WM_QUIT:
             PostQuitMessage(static_cast<int>(msg.wParam));
-            cancelled = done = true;
+            result = Step::Cancelled;
             break;
         default:
             TranslateMessage(&msg);
@@ -162,60 +154,55 @@ void RunSizingLoop(HWND hwnd, UINT edge, POINT start) {
             break;
         }
     }
+    if (IsWindow(hwnd) && GetCapture() == hwnd)
+        ReleaseCapture();
+    return result;
+}
+
+void RunSizingLoop(HWND hwnd, UINT edge, POINT start) {
+    Drag drag{hwnd, edge, start, RECT{}, MINMAXINFO{}};
+    GetWindowRect(hwnd, &drag.original);
+    drag.limits.ptMaxSize = POINT{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    drag.limits.ptMinTrackSize =
+        POINT{GetSystemMetrics(SM_CXMINTRACK), GetSystemMetrics(SM_CYMINTRACK)};
+    drag.limits.ptMaxTrackSize = POINT{32767, 32767};
+    SendMessage(hwnd, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&drag.limits));
+    SendMessage(hwnd, WM_ENTERSIZEMOVE, 0, 0);
+    const Step end = RunCapturedLoop(hwnd, [&drag](const MSG& msg) {
+        if (msg.message == WM_KEYDOWN)
+            return msg.wParam == VK_ESCAPE   ? Step::Cancelled
+                   : msg.wParam == VK_RETURN ? Step::Done
+                                             : Step::Going;
+        Track(drag, MousePoint(msg));
+        return msg.message == WM_LBUTTONUP ? Step::Done : Step::Going;
+    });
     if (!IsWindow(hwnd))
         return;
-    if (cancelled) {
+    if (end == Step::Cancelled) {
         const RECT placed = InParent(hwnd, drag.original);
         SetWindowPos(hwnd, nullptr, placed.left, placed.top, placed.right - placed.left,
                      placed.bottom - placed.top, SWP_NOZORDER | SWP_NOACTIVATE);
     }
-    if (GetCapture() == hwnd)
-        ReleaseCapture();
     SendMessage(hwnd, WM_EXITSIZEMOVE, 0, 0);
 }
 
 // Follows a press on the close box until the button comes up; true when it
 // comes up on the box. Escape, or nobody left to let go, is no.
 bool ReleasedOnCloseBox(HWND hwnd) {
-    SetCapture(hwnd);
     bool onBox = false;
-    for (bool done = false; !done && IsWindow(hwnd) && GetCapture() == hwnd;) {
-        MSG msg;
-        if (!PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE)) {
-            if (platform::RunIdle())
-                continue;
-            break;
-        }
-        switch (msg.message) {
-        case WM_MOUSEMOVE:
-            break;
-        case WM_LBUTTONUP: {
-            RECT outer{};
-            GetWindowRect(hwnd, &outer);
-            const RECT box = CloseBoxRect(WindowManager::Instance().Find(hwnd));
-            const POINT at = MousePoint(msg);
-            const int x = at.x - outer.left, y = at.y - outer.top;
-            onBox = x >= box.left && x < box.right && y >= box.top && y < box.bottom;
-            done = true;
-            break;
-        }
-        case WM_KEYDOWN:
-            done = msg.wParam == VK_ESCAPE;
-            break;
-        case WM_QUIT:
-            PostQuitMessage(static_cast<int>(msg.wParam));
-            done = true;
-            break;
-        default:
-            TranslateMessage(&msg);
-            DispatchMessage(&msg);
-            if (msg.message == WM_PAINT && IsWindow(msg.hwnd))
-                ValidateRect(msg.hwnd, nullptr);
-            break;
-        }
-    }
-    if (GetCapture() == hwnd)
-        ReleaseCapture();
+    RunCapturedLoop(hwnd, [hwnd, &onBox](const MSG& msg) {
+        if (msg.message == WM_KEYDOWN)
+            return msg.wParam == VK_ESCAPE ? Step::Cancelled : Step::Going;
+        if (msg.message != WM_LBUTTONUP)
+            return Step::Going;
+        RECT outer{};
+        GetWindowRect(hwnd, &outer);
+        const RECT box = CloseBoxRect(WindowManager::Instance().Find(hwnd));
+        const POINT at = MousePoint(msg);
+        const int x = at.x - outer.left, y = at.y - outer.top;
+        onBox = x >= box.left && x < box.right && y >= box.top && y < box.bottom;
+        return Step::Done;
+    });
     return onBox && IsWindow(hwnd);
 }
 
