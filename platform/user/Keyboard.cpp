@@ -29,10 +29,25 @@ std::array<bool, 256>& KeyDown() {
     return down;
 }
 
-// Alt went down outside a menu with no other key or button pressed since.
+// Alt went down outside a menu with no other key or button pressed since
+// (as the messages are retrieved).
 bool& AltTapped() {
     static bool tapped = false;
     return tapped;
+}
+
+// As the keyboard posts its keys: Alt is down with nothing else pressed and
+// the keys have not gone elsewhere meanwhile.
+bool& PostedAltAlone() {
+    static bool alone = false;
+    return alone;
+}
+
+// Alt releases posted after the keys went elsewhere, not yet retrieved: each
+// ends the tap when it is.
+int& SpoiledAltReleases() {
+    static int count = 0;
+    return count;
 }
 
 } // namespace
@@ -125,7 +140,10 @@ bool PostKeyToFocus(bool down, UINT vk, WCHAR ch, bool alt) {
         param |= static_cast<LPARAM>(1u << 29);
     const UINT message =
         system ? (down ? WM_SYSKEYDOWN : WM_SYSKEYUP) : (down ? WM_KEYDOWN : WM_KEYUP);
-    PostMessage(target, message, vk, param);
+    if (down)
+        PostedAltAlone() = vk == VK_MENU;
+    if (PostMessage(target, message, vk, param) && !down && vk == VK_MENU && !PostedAltAlone())
+        ++SpoiledAltReleases();
     return true;
 }
 
@@ -162,10 +180,19 @@ void NoteKeyMessage(const MSG& msg) {
         AltTapped() = msg.wParam == VK_MENU && !CurrentPopup();
     else if (button)
         AltTapped() = false;
+    else if ((msg.message == WM_SYSKEYUP || msg.message == WM_KEYUP) && msg.wParam == VK_MENU &&
+             SpoiledAltReleases() > 0) {
+        --SpoiledAltReleases();
+        AltTapped() = false;
+    }
     if (!down && msg.message != WM_KEYUP && msg.message != WM_SYSKEYUP)
         return;
     if (msg.wParam < 256)
         KeyDown()[msg.wParam] = down;
+}
+
+void ForgetAltTap() {
+    PostedAltAlone() = false;
 }
 
 bool TakeAltTap() {

@@ -45,5 +45,8 @@ void NoteKeyMessage(const MSG& msg);
 // True, once, when Alt went down outside a menu and nothing was pressed
 // since: its release then selects the menu bar.
 bool TakeAltTap();
+// Ends an Alt tap the keyboard is in the middle of (the keyboard or the
+// mouse went elsewhere): the release it posts next selects nothing.
+void ForgetAltTap();
 
 } // namespace platform::user

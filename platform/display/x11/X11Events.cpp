@@ -92,6 +92,18 @@ void X11Backend::Handle(xcb_generic_event_t* event) {
             SetActiveWindow(hwnd);
         break;
     }
+    case XCB_FOCUS_OUT:
+        // The keys went elsewhere meanwhile (another window, or a grab such
+        // as the window manager's Alt+Tab): an Alt released after it was not
+        // tapped alone.
+        user::ForgetAltTap();
+        break;
+    case XCB_LEAVE_NOTIFY:
+        // The same for the pointer grabbed elsewhere (a window manager's
+        // Alt and drag).
+        if (reinterpret_cast<xcb_leave_notify_event_t*>(event)->mode == XCB_NOTIFY_MODE_GRAB)
+            user::ForgetAltTap();
+        break;
     case XCB_CLIENT_MESSAGE: {
         auto* message = reinterpret_cast<xcb_client_message_event_t*>(event);
         HWND hwnd = FindByWindow(message->window);

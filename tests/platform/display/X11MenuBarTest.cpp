@@ -144,5 +144,24 @@ TEST_F(X11MenuBarTest, AltAndALetterOpenTheBarFromTheKeyboard) {
     EXPECT_EQ(g_commands, std::vector<UINT>{ID_TWO});
 }
 
+TEST_F(X11MenuBarTest, AltHeldWhileTheKeysWentElsewhereSelectsNothing) {
+    // Another window takes the keys while Alt is down, then gives them back
+    // before Alt comes up.
+    HWND other = CreateWindowEx(0, u"X11MenuBar", u"Other", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 400,
+                                30, 200, 150, nullptr, nullptr, nullptr, nullptr);
+    ASSERT_TRUE(PumpUntil([&] { return platform::display::XWindowOf(other) != 0; }));
+    const std::string ours = std::to_string(platform::display::XWindowOf(top));
+    const std::string theirs = std::to_string(platform::display::XWindowOf(other));
+    ASSERT_EQ(Run("xdotool windowfocus --sync " + ours + " keydown alt windowfocus --sync " +
+                  theirs + " windowfocus --sync " + ours + " keyup alt"),
+              0);
+    // Alt's release selected nothing: F10 now selects the bar, and Down and
+    // Enter pick Open. (Had the release selected the bar, F10 would leave it
+    // and the keys would go to the window.)
+    ASSERT_TRUE(Act("key F10 sleep 0.2 key Down Return"));
+    EXPECT_EQ(g_commands, std::vector<UINT>{ID_OPEN});
+    DestroyWindow(other);
+}
+
 } // namespace
 #endif
