@@ -59,6 +59,10 @@ protected:
     DECLARE_MESSAGE_MAP()
 };
 
+// The styles of the small frame a floating bar lies in.
+inline constexpr DWORD kMiniFrameStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
+inline constexpr DWORD kMiniFrameExStyle = WS_EX_TOOLWINDOW;
+
 // The small frame a floating bar lies in: a caption with the bar's title and
 // a close box, and the floating dock bar filling the rest. Closing it hides
 // the bar; it is destroyed with its frame.

@@ -22,8 +22,8 @@ BOOL CMiniDockFrameWnd::Create(CFrameWnd* dockSite, DWORD floatStyle) {
     }
     m_pDockSite = dockSite;
     // Owned by the frame: it stays above it and goes with it.
-    if (!CFrameWnd::Create(nullptr, u"", WS_POPUP | WS_CAPTION | WS_SYSMENU, CRect(0, 0, 0, 0),
-                           dockSite, nullptr, WS_EX_TOOLWINDOW))
+    if (!CFrameWnd::Create(nullptr, u"", kMiniFrameStyle, CRect(0, 0, 0, 0), dockSite, nullptr,
+                           kMiniFrameExStyle))
         return FALSE;
     auto* dockBar = new CDockBar(TRUE);
     dockBar->m_bAutoDelete = TRUE;

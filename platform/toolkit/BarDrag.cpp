@@ -25,9 +25,6 @@ constexpr int kDockReach = 16;
 // The outline's line: thin for docking, thick for floating.
 constexpr int kDockedLine = 1;
 constexpr int kFloatingLine = 3;
-// The small frame a floating bar lies in.
-constexpr DWORD kFloatingStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
-constexpr DWORD kFloatingExStyle = WS_EX_TOOLWINDOW;
 
 // Where the bar would go: docked in the dock bar dockBarId, its row and
 // place the ones dockAt's corner points at, or floating (dockBarId 0) with
@@ -109,7 +106,7 @@ CSize FloatingFrameSize(CControlBar* bar) {
     const auto* dockable = DYNAMIC_DOWNCAST(SECControlBar, bar);
     const CSize client = dockable ? dockable->m_szFloat : bar->CalcFixedLayout(FALSE, TRUE);
     CRect frame(0, 0, client.cx, client.cy);
-    ::AdjustWindowRectEx(&frame, kFloatingStyle, FALSE, kFloatingExStyle);
+    ::AdjustWindowRectEx(&frame, kMiniFrameStyle, FALSE, kMiniFrameExStyle);
     return frame.Size();
 }
 
