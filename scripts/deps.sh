@@ -12,7 +12,8 @@ packages=(
     libxcb1-dev xvfb xdotool xclip xterm x11-utils xrestop
 )
 if [ "${WIN_BENCH_PEERS:-0}" = 1 ]; then
-    packages+=(libvterm-dev libtsm-dev libxcb-xtest0-dev xterm rxvt-unicode stterm xclip x11-apps)
+    packages+=(libvterm-dev libtsm-dev libxcb-xtest0-dev xterm rxvt-unicode stterm mlterm xclip
+        x11-apps)
 fi
 if [ "${WIN_COVERAGE:-0}" = 1 ]; then
     packages+=(gcovr)

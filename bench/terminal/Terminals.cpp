@@ -36,6 +36,8 @@ std::vector<std::string> Terminal::Command(const std::string& title,
         command.insert(command.end(), {"-T", title, "-geometry", "80x24"});
     else if (name == "urxvt")
         command.insert(command.end(), {"-title", title, "-geometry", "80x24"});
+    else if (name == "mlterm")
+        command.insert(command.end(), {"-T", title, "-g", "80x24"});
     else // st
         command.insert(command.end(), {"-t", title, "-g", "80x24"});
     command.insert(command.end(), {"-e", "bash", "-c", script, title});
@@ -47,7 +49,7 @@ std::vector<Terminal> Terminals(const std::string& oursPath, std::vector<std::st
     Terminal ours{"ours", oursPath};
     ours.ours = true;
     terminals.push_back(ours);
-    for (const char* peer : {"xterm", "urxvt", "st"}) {
+    for (const char* peer : {"xterm", "urxvt", "st", "mlterm"}) {
         if (OnPath(peer))
             terminals.push_back(Terminal{peer, peer});
         else
