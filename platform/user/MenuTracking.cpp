@@ -390,6 +390,11 @@ const TrackedPopup* CurrentPopup() {
     return Current();
 }
 
+void EndMenuTracking() {
+    if (TrackedPopup* tracking = Current())
+        tracking->done = true;
+}
+
 bool OpenLevel(TrackedPopup& tracking, HMENU menu, int index,
                const std::function<POINT(SIZE)>& where) {
     SendMessage(tracking.owner, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu),

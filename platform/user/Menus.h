@@ -73,6 +73,9 @@ struct TrackedPopup {
 };
 // The menu being tracked now, or null.
 const TrackedPopup* CurrentPopup();
+// Ends the menu being tracked, if any, without a command (the program lost
+// the keyboard to another).
+void EndMenuTracking();
 // Opens the pop-up of the item at index of the open level (the levels after
 // it close first); false when the item opens none.
 bool OpenPopupLevel(std::size_t level, int index);

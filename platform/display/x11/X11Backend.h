@@ -74,6 +74,11 @@ private:
     void Restack();
 
     HWND FindByWindow(xcb_window_t id) const;
+    // Whether the keyboard's focus is on one of our windows.
+    bool FocusIsOurs() const;
+    // The program lost the keyboard to another: the menu being tracked ends
+    // and the mouse is let go, which ends a drag.
+    void CancelModes();
     void Handle(xcb_generic_event_t* event);
     void HandleKey(xcb_key_press_event_t* event, bool down);
     void HandleButton(xcb_button_press_event_t* event, bool down);

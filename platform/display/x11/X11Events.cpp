@@ -6,6 +6,7 @@
 #include "display/x11/X11Backend.h"
 
 #include "user/Keyboard.h"
+#include "user/Menus.h"
 #include "user/PointerInput.h"
 #include "user/WindowManager.h"
 
@@ -92,12 +93,19 @@ void X11Backend::Handle(xcb_generic_event_t* event) {
             SetActiveWindow(hwnd);
         break;
     }
-    case XCB_FOCUS_OUT:
+    case XCB_FOCUS_OUT: {
         // The keys went elsewhere meanwhile (another window, or a grab such
         // as the window manager's Alt+Tab): an Alt released after it was not
         // tapped alone.
         user::ForgetAltTap();
+        // Gone to another program: an open menu closes and a drag lets go,
+        // as when the original deactivates the program.
+        const auto* out = reinterpret_cast<xcb_focus_out_event_t*>(event);
+        if (out->mode != XCB_NOTIFY_MODE_GRAB && out->detail != XCB_NOTIFY_DETAIL_INFERIOR &&
+            !FocusIsOurs())
+            CancelModes();
         break;
+    }
     case XCB_LEAVE_NOTIFY:
         // The same for the pointer grabbed elsewhere (a window manager's
         // Alt and drag).
@@ -118,6 +126,20 @@ void X11Backend::Handle(xcb_generic_event_t* event) {
     default:
         break;
     }
+}
+
+bool X11Backend::FocusIsOurs() const {
+    xcb_get_input_focus_reply_t* reply =
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr);
+    const bool ours = reply && FindByWindow(reply->focus) != nullptr;
+    free(reply);
+    return ours;
+}
+
+void X11Backend::CancelModes() {
+    user::EndMenuTracking();
+    if (GetCapture())
+        ReleaseCapture();
 }
 
 void X11Backend::HandleKey(xcb_key_press_event_t* event, bool down) {

@@ -1,6 +1,7 @@
 // A window's menu bar from a private X server: a real click on the bar opens
 // the drop-down in an X window of its own, and a click on one of its items,
-// or the keys through a cascading pop-up, make the window's command.
+// or the keys through a cascading pop-up, make the window's command; Alt
+// alone selects the bar; another program taking the keyboard closes it.
 #ifdef WIN_TEST_HAVE_XCB
 #include "XvfbFixture.h"
 
@@ -161,6 +162,32 @@ TEST_F(X11MenuBarTest, AltHeldWhileTheKeysWentElsewhereSelectsNothing) {
     ASSERT_TRUE(Act("key F10 sleep 0.2 key Down Return"));
     EXPECT_EQ(g_commands, std::vector<UINT>{ID_OPEN});
     DestroyWindow(other);
+}
+
+TEST_F(X11MenuBarTest, AnOpenMenuClosesWhenAnotherProgramTakesTheKeyboard) {
+    // Another program's window, made on the probe's connection.
+    const xcb_window_t foreign = xcb_generate_id(probe);
+    xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(probe)).data;
+    xcb_create_window(probe, XCB_COPY_FROM_PARENT, foreign, screen->root, 500, 400, 100, 80, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, 0, nullptr);
+    xcb_map_window(probe, foreign);
+    xcb_flush(probe);
+    // Once the drop-down is open, the other window takes the focus.
+    bool focused = false;
+    platform::SetIdleHandler([&] {
+        platform::automation::PopupMenuView view;
+        if (!focused && platform::automation::ReadPopupMenu(&view))
+            focused = Run("xdotool windowfocus --sync " + std::to_string(foreign)) == 0;
+        return false;
+    });
+    const int barY = origin.y - GetSystemMetrics(SM_CYMENU) / 2;
+    ASSERT_EQ(Run("xdotool " + MoveTo(origin.x + 10, barY) + "click 1"), 0);
+    platform::automation::PopupMenuView view;
+    EXPECT_TRUE(PumpUntil([&] { return focused && !platform::automation::ReadPopupMenu(&view); }));
+    platform::SetIdleHandler(nullptr);
+    EXPECT_TRUE(g_commands.empty());
+    xcb_destroy_window(probe, foreign);
+    xcb_flush(probe);
 }
 
 } // namespace
