@@ -13,7 +13,7 @@ packages=(
 )
 if [ "${WIN_BENCH_PEERS:-0}" = 1 ]; then
     packages+=(libvterm-dev libtsm-dev libxcb-xtest0-dev xterm rxvt-unicode stterm mlterm xclip
-        x11-apps)
+        x11-apps lxterminal eterm qterminal alacritty kitty zutty libgl1-mesa-dri)
 fi
 if [ "${WIN_COVERAGE:-0}" = 1 ]; then
     packages+=(gcovr)

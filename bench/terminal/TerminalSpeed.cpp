@@ -1,4 +1,4 @@
-// Our terminal window against xterm, urxvt, st and mlterm on a private X server
+// Our terminal window against the peers Terminals() lists on a private X server
 // (Xvfb), in interleaved rounds (each round starts every terminal once, the
 // order turning from round to round):
 //

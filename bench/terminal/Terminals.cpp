@@ -31,6 +31,10 @@ std::vector<std::string> Terminal::Command(const std::string& title,
     // font, st's 12-pixel Liberation Mono), so every window is about as big.
     if (ours)
         return {program, "--window", "--size", "12", "--run", "bash", "-c", script, title};
+    // qterminal has no option for the title or the size: the script names its
+    // window (the title is its $0), which opens at its own 600x420.
+    if (name == "qterminal")
+        return {program, "-e", "bash", "-c", "printf '\\033]2;%s\\007' \"$0\"; " + script, title};
     std::vector<std::string> command{program};
     if (name == "xterm")
         command.insert(command.end(), {"-T", title, "-geometry", "80x24"});
@@ -38,6 +42,22 @@ std::vector<std::string> Terminal::Command(const std::string& title,
         command.insert(command.end(), {"-title", title, "-geometry", "80x24"});
     else if (name == "mlterm")
         command.insert(command.end(), {"-T", title, "-g", "80x24"});
+    else if (name == "lxterminal")
+        // Each its own process: a second one would otherwise hand the window
+        // to the first.
+        command.insert(command.end(), {"--no-remote", "-t", title, "--geometry=80x24"});
+    else if (name == "Eterm")
+        command.insert(command.end(), {"-T", title, "-g", "80x24"});
+    else if (name == "alacritty")
+        command.insert(command.end(), {"-t", title, "-o", "window.dimensions.columns=80", "-o",
+                                       "window.dimensions.lines=24"});
+    else if (name == "kitty") {
+        // Its command follows the options with no -e.
+        command.insert(command.end(), {"-T", title, "-o", "initial_window_width=80c", "-o",
+                                       "initial_window_height=24c", "bash", "-c", script, title});
+        return command;
+    } else if (name == "zutty")
+        command.insert(command.end(), {"-title", title, "-geometry", "80x24"});
     else // st
         command.insert(command.end(), {"-t", title, "-g", "80x24"});
     command.insert(command.end(), {"-e", "bash", "-c", script, title});
@@ -49,7 +69,8 @@ std::vector<Terminal> Terminals(const std::string& oursPath, std::vector<std::st
     Terminal ours{"ours", oursPath};
     ours.ours = true;
     terminals.push_back(ours);
-    for (const char* peer : {"xterm", "urxvt", "st", "mlterm"}) {
+    for (const char* peer : {"xterm", "urxvt", "st", "mlterm", "lxterminal", "Eterm", "qterminal",
+                             "alacritty", "kitty", "zutty"}) {
         if (OnPath(peer))
             terminals.push_back(Terminal{peer, peer});
         else

@@ -17,7 +17,8 @@ struct Terminal {
     bool ours = false;
 };
 
-// Our terminal_host --window, then xterm, urxvt, st and mlterm; peers not installed
+// Our terminal_host --window, then xterm, urxvt, st, mlterm, lxterminal (VTE),
+// Eterm, qterminal (Qt) and the OpenGL ones, alacritty, kitty and zutty; peers not installed
 // are named in *missing and left out.
 std::vector<Terminal> Terminals(const std::string& oursPath, std::vector<std::string>* missing);
 

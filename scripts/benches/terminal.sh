@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Our terminal window (terminal_host --window) against xterm, urxvt and st on a
+# Our terminal window (terminal_host --window) against the peer terminals installed
+# (xterm, urxvt, st, mlterm, lxterminal, Eterm, qterminal, alacritty, kitty, zutty) on a
 # private Xvfb, in interleaved rounds: the time to take in a plain-text corpus
 # written into the terminal's pty (until the terminal answers the cursor
 # position request that follows it), and the keystroke latency from an XTEST
