@@ -110,7 +110,11 @@ void TerminalWindow::OnProgramReady() {
         Feed(buffer, got);
         SendReplies();
         total += got;
-        if (!inTime)
+        // A short output (an echo, a prompt) is likely all there is for now:
+        // it is shown before the pty is asked for more, since that asking
+        // waits for the kernel to finish passing on what came. Anything that
+        // follows wakes the window again.
+        if (total < kDrawAsItComes || !inTime)
             break;
     }
     AfterOutput();
