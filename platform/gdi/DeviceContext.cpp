@@ -92,18 +92,48 @@ void ExcludeFromClip(HDC hdc, const std::vector<RECT>& rects) {
     ResetCairo(*dc);
 }
 
-cairo_surface_t* DesktopSurface() {
-    static cairo_surface_t* surface = [] {
-        cairo_surface_t* s =
-            cairo_image_surface_create(CAIRO_FORMAT_RGB24, kDesktopWidth, kDesktopHeight);
-        // The desktop starts in the default window colour.
-        cairo_t* cr = cairo_create(s);
-        cairo_set_source_rgb(cr, 1, 1, 1);
-        cairo_paint(cr);
-        cairo_destroy(cr);
-        return s;
-    }();
+namespace {
+
+// A desktop in the default window colour.
+cairo_surface_t* BlankDesktop(int width, int height) {
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
+    cairo_t* cr = cairo_create(surface);
+    cairo_set_source_rgb(cr, 1, 1, 1);
+    cairo_paint(cr);
+    cairo_destroy(cr);
     return surface;
+}
+
+cairo_surface_t*& Desktop() {
+    static cairo_surface_t* surface = BlankDesktop(kHeadlessDesktopWidth, kHeadlessDesktopHeight);
+    return surface;
+}
+
+} // namespace
+
+cairo_surface_t* DesktopSurface() {
+    return Desktop();
+}
+
+int DesktopWidth() {
+    return cairo_image_surface_get_width(Desktop());
+}
+
+int DesktopHeight() {
+    return cairo_image_surface_get_height(Desktop());
+}
+
+void ResizeDesktopSurface(int width, int height) {
+    if (width == DesktopWidth() && height == DesktopHeight())
+        return;
+    cairo_surface_t* resized = BlankDesktop(width, height);
+    cairo_t* cr = cairo_create(resized);
+    cairo_set_source_surface(cr, Desktop(), 0, 0);
+    cairo_paint(cr);
+    cairo_destroy(cr);
+    // Cairo contexts of open DCs hold their own references to the old one.
+    cairo_surface_destroy(Desktop());
+    Desktop() = resized;
 }
 
 namespace {
@@ -220,7 +250,7 @@ BOOL DeleteDC(HDC hdc) {
 
 HDC GetDC(HWND hwnd) {
     if (!hwnd)
-        return CreateDesktopDC(POINT{0, 0}, RECT{0, 0, kDesktopWidth, kDesktopHeight}, nullptr);
+        return CreateDesktopDC(POINT{0, 0}, RECT{0, 0, DesktopWidth(), DesktopHeight()}, nullptr);
     return platform::user::GetClientDC(hwnd, nullptr);
 }
 
@@ -374,11 +404,11 @@ int GetDeviceCaps(HDC hdc, int index) {
     case HORZRES:
     case PHYSICALWIDTH:
         return printer ? dc->pageWidth
-                       : (dc->kind == DcKind::Memory ? dc->clip.right : kDesktopWidth);
+                       : (dc->kind == DcKind::Memory ? dc->clip.right : DesktopWidth());
     case VERTRES:
     case PHYSICALHEIGHT:
         return printer ? dc->pageHeight
-                       : (dc->kind == DcKind::Memory ? dc->clip.bottom : kDesktopHeight);
+                       : (dc->kind == DcKind::Memory ? dc->clip.bottom : DesktopHeight());
     case BITSPIXEL:
         return 32;
     case PHYSICALOFFSETX:

@@ -142,9 +142,16 @@ HDC CreateDesktopDC(POINT origin, RECT clip, HWND window);
 HDC CreateSurfaceDC(cairo_surface_t* surface, POINT origin, RECT clip, HWND window);
 // Leaves rectangles (device pixels) out of a DC's clip.
 void ExcludeFromClip(HDC hdc, const std::vector<RECT>& rects);
+// The surface every window draws on: 1280 by 1024 pixels, or the screen's
+// size on a display.
+constexpr int kHeadlessDesktopWidth = 1280;
+constexpr int kHeadlessDesktopHeight = 1024;
 cairo_surface_t* DesktopSurface();
-constexpr int kDesktopWidth = 1280;
-constexpr int kDesktopHeight = 1024;
+int DesktopWidth();
+int DesktopHeight();
+// Gives the desktop surface a new size, keeping what lies inside both. DCs
+// already open keep drawing on the old surface until they are released.
+void ResizeDesktopSurface(int width, int height);
 
 // Adds a rectangle (device pixels relative to the DC's origin) to the DC's
 // bounds while it accumulates them. Every drawing call reports what it drew.

@@ -76,3 +76,10 @@ typedef struct tagMINMAXINFO {
 #define SC_MOVE 0xF010
 #define SC_CLOSE 0xF060
 #define WM_MOVING 0x0216
+
+// A double click on the caption of a window with a maximise box maximises it,
+// or restores it when it is maximised (WM_SYSCOMMAND with SC_MAXIMIZE or
+// SC_RESTORE). Double clicks on the frame come whatever the window's class.
+#define WM_NCLBUTTONDBLCLK 0x00A3
+#define SC_MAXIMIZE 0xF030
+#define SC_RESTORE 0xF120

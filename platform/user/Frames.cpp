@@ -21,9 +21,9 @@ constexpr int kCaptionButton = 36;
 int GetSystemMetrics(int index) {
     switch (index) {
     case SM_CXSCREEN:
-        return 1280;
+        return static_cast<int>(platform::user::WindowManager::Instance().Desktop()->rect.right);
     case SM_CYSCREEN:
-        return 1024;
+        return static_cast<int>(platform::user::WindowManager::Instance().Desktop()->rect.bottom);
     case SM_CYCAPTION:
     case SM_CYSMCAPTION:
         return kCaption;

@@ -117,6 +117,9 @@ LRESULT DefWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NCLBUTTONDOWN:
         platform::user::NonClientPress(hwnd, wParam, lParam);
         return 0;
+    case WM_NCLBUTTONDBLCLK:
+        platform::user::NonClientDoubleClick(hwnd, wParam, lParam);
+        return 0;
     case WM_SYSCOMMAND:
         platform::user::SystemCommand(hwnd, wParam, lParam);
         return 0;

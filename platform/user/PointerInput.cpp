@@ -18,6 +18,7 @@ struct LastPress {
     MouseButton button = MouseButton::Left;
     POINT where{};
     unsigned time = 0;
+    bool frame = false; // on the window's frame rather than its client area
     bool valid = false;
 };
 
@@ -79,20 +80,26 @@ UINT ButtonMessage(MouseButton button, bool down, bool isDouble) {
     return !down ? WM_XBUTTONUP : isDouble ? WM_XBUTTONDBLCLK : WM_XBUTTONDOWN;
 }
 
-// Whether this press is the second of a double click, and the press to
-// compare the next one with.
-bool IsDoubleClick(HWND target, MouseButton button, POINT desktop, unsigned time) {
+// Whether this press is the second of a double click (soon after the last,
+// near it, on the same window), and the press to compare the next one with.
+// A press on the frame and one in the client area never pair.
+bool PairsWithLast(HWND target, bool frame, MouseButton button, POINT desktop, unsigned time) {
     LastPress& last = Last();
-    const Window* window = WindowManager::Instance().Find(target);
-    const bool wantsDouble =
-        window && window->windowClass && (window->windowClass->wc.style & kClassDoubleClicks);
-    const bool isDouble = last.valid && last.target == target && last.button == button &&
-                          time - last.time <= kDoubleClickTime &&
+    const bool isDouble = last.valid && last.target == target && last.frame == frame &&
+                          last.button == button && time - last.time <= kDoubleClickTime &&
                           std::abs(desktop.x - last.where.x) <= kDoubleClickSlop &&
                           std::abs(desktop.y - last.where.y) <= kDoubleClickSlop;
     // A third press starts over.
-    last = isDouble ? LastPress{} : LastPress{target, button, desktop, time, true};
-    return isDouble && wantsDouble;
+    last = isDouble ? LastPress{} : LastPress{target, button, desktop, time, frame, true};
+    return isDouble;
+}
+
+// A client-area double click comes only to a window whose class asks for it.
+bool IsDoubleClick(HWND target, MouseButton button, POINT desktop, unsigned time) {
+    const Window* window = WindowManager::Instance().Find(target);
+    const bool wantsDouble =
+        window && window->windowClass && (window->windowClass->wc.style & kClassDoubleClicks);
+    return PairsWithLast(target, false, button, desktop, time) && wantsDouble;
 }
 
 } // namespace
@@ -111,8 +118,9 @@ void PostButton(HWND top, POINT desktop, MouseButton button, bool down, WPARAM k
     if (down && button == MouseButton::Left && target == top && !GetCapture()) {
         const LRESULT hit = SendMessage(target, WM_NCHITTEST, 0, MAKELPARAM(desktop.x, desktop.y));
         if (hit != HTCLIENT && hit != HTNOWHERE && hit != HTBORDER && hit > 0) {
-            PostMessage(target, WM_NCLBUTTONDOWN, static_cast<WPARAM>(hit),
-                        MAKELPARAM(desktop.x, desktop.y));
+            const bool isDouble = PairsWithLast(target, true, button, desktop, time);
+            PostMessage(target, isDouble ? WM_NCLBUTTONDBLCLK : WM_NCLBUTTONDOWN,
+                        static_cast<WPARAM>(hit), MAKELPARAM(desktop.x, desktop.y));
             return;
         }
     }

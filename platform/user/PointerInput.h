@@ -19,8 +19,10 @@ HWND WindowUnderPoint(HWND top, POINT desktop);
 // down, and Shift and Ctrl). time is in milliseconds on the pointer's own
 // clock; a second press of the same button soon after the first, near it, on
 // a window whose class asks for double clicks, becomes the button's double
-// click message. The extra buttons arrive as WM_XBUTTONDOWN, WM_XBUTTONUP and
-// WM_XBUTTONDBLCLK with the button's number in the high word of wParam.
+// click message. A left press on the frame a window draws is WM_NCLBUTTONDOWN
+// with its hit-test code, and the second of a double click there
+// WM_NCLBUTTONDBLCLK, whatever the class. The extra buttons arrive as WM_XBUTTONDOWN, WM_XBUTTONUP
+// and WM_XBUTTONDBLCLK with the button's number in the high word of wParam.
 void PostButton(HWND top, POINT desktop, MouseButton button, bool down, WPARAM keys, unsigned time);
 // The pointer moving to a desktop point inside top, with the MK_ state.
 void PostMove(HWND top, POINT desktop, WPARAM keys);

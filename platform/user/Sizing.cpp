@@ -271,6 +271,20 @@ void NonClientPress(HWND hwnd, WPARAM hit, LPARAM where) {
         SendMessage(hwnd, WM_SYSCOMMAND, SC_CLOSE, where);
 }
 
+void NonClientDoubleClick(HWND hwnd, WPARAM hit, LPARAM where) {
+    Window* window = WindowManager::Instance().Find(hwnd);
+    if (!window)
+        return;
+    if (hit != HTCAPTION) {
+        NonClientPress(hwnd, hit, where);
+        return;
+    }
+    if (!(window->style & WS_MAXIMIZEBOX))
+        return;
+    const bool restore = window->style & (WS_MAXIMIZE | WS_MINIMIZE);
+    SendMessage(hwnd, WM_SYSCOMMAND, restore ? SC_RESTORE : SC_MAXIMIZE, where);
+}
+
 void SystemCommand(HWND hwnd, WPARAM command, LPARAM where) {
     Window* window = WindowManager::Instance().Find(hwnd);
     if (!window)
@@ -289,6 +303,12 @@ void SystemCommand(HWND hwnd, WPARAM command, LPARAM where) {
         break;
     case SC_CLOSE:
         SendMessage(hwnd, WM_CLOSE, 0, 0);
+        break;
+    case SC_MAXIMIZE:
+        ShowWindow(hwnd, SW_MAXIMIZE);
+        break;
+    case SC_RESTORE:
+        ShowWindow(hwnd, SW_RESTORE);
         break;
     default:
         break;

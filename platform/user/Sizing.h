@@ -14,8 +14,13 @@ RECT CloseBoxRect(const Window* window);
 // loop, one on the caption the move loop, through WM_SYSCOMMAND; one on the
 // close box sends SC_CLOSE if the button comes up there.
 void NonClientPress(HWND hwnd, WPARAM hit, LPARAM where);
+// WM_NCLBUTTONDBLCLK: on the caption of a window with a maximise box,
+// SC_MAXIMIZE, or SC_RESTORE when it is maximised or minimised; elsewhere on
+// the frame the second press acts as a press.
+void NonClientDoubleClick(HWND hwnd, WPARAM hit, LPARAM where);
 // WM_SYSCOMMAND: SC_SIZE runs the sizing loop and SC_MOVE the move loop from
-// the mouse position; SC_CLOSE sends WM_CLOSE.
+// the mouse position; SC_CLOSE sends WM_CLOSE; SC_MAXIMIZE and SC_RESTORE
+// show the window maximised or restored.
 void SystemCommand(HWND hwnd, WPARAM command, LPARAM where);
 
 } // namespace platform::user

@@ -2,18 +2,11 @@
 
 #include "Clipboard.h"
 #include "Keyboard.h"
+#include "gdi/DeviceContext.h"
 
 #include <algorithm>
 
 namespace platform::user {
-
-namespace {
-
-// The desktop's size in pixels.
-constexpr LONG kDesktopWidth = 1280;
-constexpr LONG kDesktopHeight = 1024;
-
-} // namespace
 
 WindowManager& WindowManager::Instance() {
     static WindowManager* manager = new WindowManager();
@@ -23,9 +16,24 @@ WindowManager& WindowManager::Instance() {
 WindowManager::WindowManager() {
     m_desktop.handle = reinterpret_cast<HWND>(uintptr_t{0x10010});
     m_nextHandle += 4;
-    m_desktop.rect = RECT{0, 0, kDesktopWidth, kDesktopHeight};
+    m_desktop.rect = RECT{0, 0, gdi::kHeadlessDesktopWidth, gdi::kHeadlessDesktopHeight};
     m_desktop.visible = true;
     m_desktop.style = WS_VISIBLE;
+}
+
+void WindowManager::ResizeDesktop(int width, int height) {
+    if (width == m_desktop.rect.right && height == m_desktop.rect.bottom)
+        return;
+    m_desktop.rect = RECT{0, 0, width, height};
+    gdi::ResizeDesktopSurface(width, height);
+    std::vector<Window*> pending(m_desktop.children.begin(), m_desktop.children.end());
+    while (!pending.empty()) {
+        Window* window = pending.back();
+        pending.pop_back();
+        window->ncDirty = true;
+        InvalidateRect(window->handle, nullptr, TRUE);
+        pending.insert(pending.end(), window->children.begin(), window->children.end());
+    }
 }
 
 std::u16string WindowManager::Fold(const std::u16string& name) {

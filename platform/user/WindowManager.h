@@ -94,6 +94,9 @@ public:
     Window* CreateWindowRecord(const WindowClass* windowClass, Window* parent);
     void Forget(Window* window);
     Window* Desktop() { return &m_desktop; }
+    // Gives the desktop (the screen) a new size, its surface with it, and has
+    // every window drawn again.
+    void ResizeDesktop(int width, int height);
     // Top-level windows in z-order, topmost first.
     const std::vector<Window*>& TopLevel() const { return m_desktop.children; }
 

@@ -30,6 +30,9 @@ constexpr uint32_t kEventMask =
     XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE | XCB_EVENT_MASK_POINTER_MOTION |
     XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_LEAVE_WINDOW;
 
+constexpr SIZE kSmallestDesktop{640, 480};
+constexpr SIZE kLargestDesktop{7680, 4320};
+
 bool SameRect(const RECT& a, const RECT& b) {
     return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
@@ -74,6 +77,14 @@ std::unique_ptr<Backend> X11Backend::Connect(const char* name, std::string* erro
     std::unique_ptr<X11Backend> backend(new X11Backend(connection, it.data));
     if (!backend->CheckFormat(error))
         return nullptr;
+    // The desktop is the screen: windows go anywhere on it, and a maximised
+    // one fills it. (Its surface takes 4 bytes a pixel, so a very large
+    // screen is met only in part.)
+    user::WindowManager::Instance().ResizeDesktop(
+        std::clamp(static_cast<int>(it.data->width_in_pixels), kSmallestDesktop.cx,
+                   kLargestDesktop.cx),
+        std::clamp(static_cast<int>(it.data->height_in_pixels), kSmallestDesktop.cy,
+                   kLargestDesktop.cy));
     return backend;
 }
 
@@ -106,6 +117,8 @@ X11Backend::~X11Backend() {
         xcb_flush(m_connection);
     }
     xcb_disconnect(m_connection);
+    user::WindowManager::Instance().ResizeDesktop(gdi::kHeadlessDesktopWidth,
+                                                  gdi::kHeadlessDesktopHeight);
 }
 
 // The desktop's pixels are 32-bit words in host order with red in bits 16 to

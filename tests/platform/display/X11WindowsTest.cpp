@@ -1,5 +1,6 @@
 // Top-level windows of a program's own classes on a private X server: the
-// mouse's buttons and double clicks, the frame the window draws, resizing
+// mouse's buttons and double clicks, the frame the window draws (a double
+// click on its caption maximises), resizing
 // from the display, and owned windows kept above their owners.
 #ifdef WIN_TEST_HAVE_XCB
 #include "XvfbFixture.h"
@@ -112,7 +113,7 @@ TEST_F(X11WindowsTest, ButtonsAndDoubleClicksArriveInClientCoordinates) {
     EXPECT_EQ(cursor.y, origin.y + 40);
 }
 
-TEST_F(X11WindowsTest, TheFrameTheWindowDrawsMovesSizesAndClosesIt) {
+TEST_F(X11WindowsTest, TheFrameTheWindowDrawsMovesSizesMaximisesAndClosesIt) {
     if (Run("xdotool version") != 0)
         GTEST_SKIP() << "xdotool is not installed";
     HWND hwnd = CreateWindowEx(0, u"X11Recording", u"Frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40,
@@ -137,12 +138,57 @@ TEST_F(X11WindowsTest, TheFrameTheWindowDrawsMovesSizesAndClosesIt) {
     // The bottom right corner sizes it.
     ASSERT_TRUE(drag(90 + 299, 60 + 199, 40, 20));
     ASSERT_TRUE(PumpUntil([&] { return rect().right == 90 + 340 && rect().bottom == 60 + 220; }));
+    // A double click on the caption maximises it, and another puts it back.
+    const RECT sized = rect();
+    auto doubleClick = [this](int x, int y) {
+        return Run("xdotool mousemove " + std::to_string(x) + " " + std::to_string(y) +
+                   " click --repeat 2 --delay 80 1") == 0;
+    };
+    ASSERT_TRUE(doubleClick(sized.left + 60, sized.top + 12));
+    ASSERT_TRUE(PumpUntil([&] { return IsZoomed(hwnd) != FALSE; }));
+    RECT desktop{};
+    GetClientRect(GetDesktopWindow(), &desktop);
+    EXPECT_LE(rect().left, 0);
+    EXPECT_GE(rect().right, desktop.right);
+    ASSERT_TRUE(doubleClick(200, 12));
+    ASSERT_TRUE(PumpUntil([&] { return !IsZoomed(hwnd); }));
+    EXPECT_EQ(rect().left, sized.left);
+    EXPECT_EQ(rect().bottom, sized.bottom);
     // The close box closes it.
     const RECT now = rect();
     ASSERT_EQ(Run("xdotool mousemove " + std::to_string(now.right - 12) + " " +
                   std::to_string(now.top + 12) + " click 1"),
               0);
     EXPECT_TRUE(PumpUntil([&] { return !IsWindow(hwnd); }));
+}
+
+// On a screen bigger than the headless desktop.
+class X11WideScreenTest : public X11WindowsTest {
+protected:
+    X11WideScreenTest() { screen = "1920x1080x24"; }
+};
+
+TEST_F(X11WideScreenTest, TheDesktopIsTheScreenAndAWindowShowsAnywhereOnIt) {
+    EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN), 1920);
+    EXPECT_EQ(GetSystemMetrics(SM_CYSCREEN), 1080);
+    // Wholly beyond the headless desktop's 1280 columns.
+    HWND hwnd = Open(u"Right", 1500, 700, 300, 200, nullptr);
+    ASSERT_TRUE(PumpUntil([&] { return platform::display::XWindowOf(hwnd) != 0; }));
+    int width = 0, height = 0;
+    const std::vector<uint32_t> drawn = testing_support::HeadlessPixels(hwnd, &width, &height);
+    ASSERT_EQ(width, 300);
+    EXPECT_TRUE(PumpUntil(
+        [&] { return DisplayPixels(platform::display::XWindowOf(hwnd), width, height) == drawn; }));
+    // Maximised, it covers the screen, its borders beyond the edges.
+    ShowWindow(hwnd, SW_MAXIMIZE);
+    RECT zoomed{};
+    GetWindowRect(hwnd, &zoomed);
+    EXPECT_TRUE(zoomed.left < 0 && zoomed.top < 0 && zoomed.right > 1920 && zoomed.bottom > 1080);
+    // The headless desktop comes back with the display's end.
+    DestroyWindow(hwnd);
+    platform::display::Close();
+    EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN), 1280);
+    EXPECT_EQ(GetSystemMetrics(SM_CYSCREEN), 1024);
 }
 
 TEST_F(X11WindowsTest, TheMiddleButtonItsDoubleClickAndTheHeldKeysArrive) {

@@ -61,7 +61,7 @@ protected:
     void StartServer() {
         if (!XvfbServer::Installed())
             GTEST_SKIP() << "Xvfb is not installed";
-        server = std::make_unique<XvfbServer>();
+        server = std::make_unique<XvfbServer>(screen);
         ASSERT_FALSE(server->Name().empty()) << "Xvfb did not start";
     }
 
@@ -83,6 +83,8 @@ protected:
         return testing_support::DisplayPixels(probe, window, 0, 0, width, height);
     }
 
+    // The server's screen; a fixture may set another before SetUp.
+    std::string screen = "1280x1024x24";
     std::unique_ptr<XvfbServer> server;
     // A client of the test's own: it reads what the display shows and plays
     // the part of other programs.

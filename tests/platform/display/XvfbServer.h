@@ -11,8 +11,9 @@ class XvfbServer {
 public:
     // Whether Xvfb can be found on PATH.
     static bool Installed();
-    // Starts the server; Name() is empty when it did not start.
-    XvfbServer();
+    // Starts the server with one screen of the given size and depth; Name()
+    // is empty when it did not start.
+    explicit XvfbServer(const std::string& screen = "1280x1024x24");
     ~XvfbServer();
     XvfbServer(const XvfbServer&) = delete;
     XvfbServer& operator=(const XvfbServer&) = delete;

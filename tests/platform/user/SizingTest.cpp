@@ -1,7 +1,8 @@
 // Sizing a window by its frame: where a point lies in the frame, the sizing
 // loop's messages, the limits a window sets, Escape and a drag that nobody
 // finishes, other edges, child windows, and the simulated user's corner drag;
-// moving it by its caption and closing it by its close box.
+// moving it by its caption, maximising it by a double click there and closing
+// it by its close box.
 #include <afxwin.h>
 #include <platform/Automation.h>
 #include <platform/MessagePump.h>
@@ -260,6 +261,43 @@ TEST_F(SizingTest, TheCaptionMovesTheWindowAndEscapePutsItBack) {
     platform::PumpMessages();
     EXPECT_EQ(Rect(hwnd), CRect(150, 130, 450, 330));
     EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(SizingTest, ADoubleClickOnTheCaptionMaximisesAndRestores) {
+    HWND hwnd = Make(WS_OVERLAPPEDWINDOW | WS_VISIBLE, RECT{100, 100, 400, 300});
+    const LPARAM caption = MAKELPARAM(200, 110);
+    PostMessage(hwnd, WM_NCLBUTTONDBLCLK, HTCAPTION, caption);
+    platform::PumpMessages();
+    EXPECT_TRUE(IsZoomed(hwnd));
+    RECT desktop{};
+    GetClientRect(GetDesktopWindow(), &desktop);
+    const CRect zoomed = Rect(hwnd);
+    EXPECT_TRUE(zoomed.left < 0 && zoomed.top < 0 && zoomed.right > desktop.right &&
+                zoomed.bottom > desktop.bottom)
+        << zoomed.left << "," << zoomed.top << " " << zoomed.right << "," << zoomed.bottom;
+    // A maximised window does not move by its caption; a double click restores it.
+    PostDrag(hwnd, HTCAPTION, POINT{200, 10}, {POINT{260, 60}});
+    platform::PumpMessages();
+    EXPECT_EQ(Rect(hwnd), zoomed);
+    PostMessage(hwnd, WM_NCLBUTTONDBLCLK, HTCAPTION, MAKELPARAM(200, 10));
+    platform::PumpMessages();
+    EXPECT_FALSE(IsZoomed(hwnd));
+    EXPECT_EQ(Rect(hwnd), CRect(100, 100, 400, 300));
+    // Without a maximise box the caption's double click does nothing; on a
+    // sizing edge it acts as a press there.
+    HWND fixed =
+        Make(WS_OVERLAPPED | WS_CAPTION | WS_THICKFRAME | WS_VISIBLE, RECT{500, 100, 700, 200});
+    PostMessage(fixed, WM_NCLBUTTONDBLCLK, HTCAPTION, MAKELPARAM(600, 110));
+    platform::PumpMessages();
+    EXPECT_FALSE(IsZoomed(fixed));
+    EXPECT_EQ(Rect(fixed), CRect(500, 100, 700, 200));
+    g_seen.messages.clear();
+    SetCursorPos(699, 199);
+    PostMessage(fixed, WM_NCLBUTTONDBLCLK, HTBOTTOMRIGHT, MAKELPARAM(699, 199));
+    PostMessage(fixed, WM_KEYDOWN, VK_ESCAPE, 0);
+    platform::PumpMessages();
+    EXPECT_NE(std::find(g_seen.messages.begin(), g_seen.messages.end(), "enter"),
+              g_seen.messages.end());
 }
 
 TEST_F(SizingTest, TheCloseBoxClosesWhenTheButtonComesUpOnIt) {
