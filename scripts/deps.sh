@@ -9,7 +9,7 @@ packages=(
     libgtest-dev libgmock-dev libbenchmark-dev
     fonts-dejavu-core fonts-dejavu-extra fonts-liberation2
     poppler-utils dialog less vim procps cups-daemon
-    libxcb1-dev xvfb xdotool xclip xterm x11-utils xrestop
+    libxcb1-dev xvfb xdotool xclip xterm x11-utils xrestop openbox
 )
 if [ "${WIN_BENCH_PEERS:-0}" = 1 ]; then
     packages+=(libvterm-dev libtsm-dev libxcb-xtest0-dev xterm rxvt-unicode stterm mlterm xclip

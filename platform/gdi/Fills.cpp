@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 
 namespace platform::gdi {
@@ -256,8 +257,19 @@ int GetClipBox(HDC hdc, LPRECT rect) {
     return empty ? NULLREGION : SIMPLEREGION;
 }
 
+namespace {
+
+constexpr std::uintptr_t kLastSystemColorPlusOne = COLOR_MENUBAR + 1;
+
+} // namespace
+
 int FillRect(HDC hdc, const RECT* rect, HBRUSH handle) {
     DeviceContext* dc = LookupDC(hdc);
+    // A system colour's index plus one stands for its brush, as in a window
+    // class's background.
+    const auto value = reinterpret_cast<std::uintptr_t>(handle);
+    if (value >= 1 && value <= kLastSystemColorPlusOne)
+        handle = GetSysColorBrush(static_cast<int>(value - 1));
     auto* brush = LookupAs<Brush>(handle, OBJ_BRUSH);
     if (!dc || !rect || !brush)
         return 0;

@@ -31,6 +31,13 @@ constexpr uint32_t kEventMask =
     XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_LEAVE_WINDOW;
 
 constexpr SIZE kSmallestDesktop{640, 480};
+// WM_NORMAL_HINTS flags and the gravity that places the window itself.
+constexpr uint32_t kUserPosition = 1;
+constexpr uint32_t kUserSize = 2;
+constexpr uint32_t kWinGravity = 512;
+constexpr uint32_t kStaticGravity = 10;
+// _MOTIF_WM_HINTS: its decorations field is set.
+constexpr uint32_t kMotifDecorationsFlag = 2;
 constexpr SIZE kLargestDesktop{7680, 4320};
 
 bool SameRect(const RECT& a, const RECT& b) {
@@ -96,7 +103,8 @@ X11Backend::X11Backend(xcb_connection_t* connection, xcb_screen_t* screen)
     InternAtoms(m_connection, {{"WM_PROTOCOLS", &m_protocols},
                                {"WM_DELETE_WINDOW", &m_deleteWindow},
                                {"_NET_WM_NAME", &m_netName},
-                               {"UTF8_STRING", &m_utf8}});
+                               {"UTF8_STRING", &m_utf8},
+                               {"_MOTIF_WM_HINTS", &m_motifHints}});
     m_maxRequestBytes = xcb_get_maximum_request_length(m_connection) * 4;
     LoadKeyboardMapping();
     OpenClipboard();
@@ -194,6 +202,14 @@ X11Backend::Shown& X11Backend::Create(HWND hwnd) {
     static const char kClass[] = "win\0Win";
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, shown.id, XCB_ATOM_WM_CLASS,
                         XCB_ATOM_STRING, 8, sizeof kClass, kClass);
+    // The window draws its own frame (caption, close box, sizing edges),
+    // which answers the mouse as the original's does: a window manager adds
+    // none of its own, or the window would show two captions. (One that
+    // ignores the request still frames it, and its close button still sends
+    // WM_CLOSE.)
+    const uint32_t noDecorations[5] = {kMotifDecorationsFlag, 0, 0, 0, 0};
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, shown.id, m_motifHints, m_motifHints,
+                        32, 5, noDecorations);
     return shown;
 }
 
@@ -216,9 +232,12 @@ void X11Backend::SyncWindow(HWND hwnd, Shown& shown) {
             shown.sent.clear();
         }
         // Where the program put the window and how big: the window manager
-        // keeps both (WM_NORMAL_HINTS with user position and size).
+        // keeps both (WM_NORMAL_HINTS with user position and size). Static
+        // gravity: the position is the window's own, not its frame's, so a
+        // position the manager reported comes back to the same place.
         uint32_t hints[18] = {};
-        hints[0] = 1 | 2;
+        hints[0] = kUserPosition | kUserSize | kWinGravity;
+        hints[17] = kStaticGravity;
         hints[1] = static_cast<uint32_t>(shown.rect.left);
         hints[2] = static_cast<uint32_t>(shown.rect.top);
         hints[3] = static_cast<uint32_t>(Width(shown.rect));

@@ -105,6 +105,7 @@ private:
     xcb_atom_t m_deleteWindow = 0;
     xcb_atom_t m_netName = 0;
     xcb_atom_t m_utf8 = 0;
+    xcb_atom_t m_motifHints = 0;
     uint32_t m_maxRequestBytes = 0;
     uint8_t m_minKeycode = 0;
     uint8_t m_keysymsPerKeycode = 0;

@@ -116,6 +116,16 @@ TEST(PixelRules, FrameRectPatBltAndFillRect) {
     dc.FillRect(&fill, &brush);
     expected = Union(expected, Block(100, 0, 103, 2));
     EXPECT_EQ(Ink(canvas), expected);
+
+    // A system colour's index plus one stands for its brush, as a window
+    // class's background does; a number past the last colour fills nothing.
+    RECT system{100, 80, 102, 82};
+    EXPECT_NE(::FillRect(dc.GetSafeHdc(), &system, reinterpret_cast<HBRUSH>(COLOR_HIGHLIGHT + 1)),
+              0);
+    EXPECT_EQ(dc.GetPixel(101, 81), GetSysColor(COLOR_HIGHLIGHT));
+    RECT beyond{110, 80, 112, 82};
+    EXPECT_EQ(::FillRect(dc.GetSafeHdc(), &beyond, reinterpret_cast<HBRUSH>(COLOR_MENUBAR + 2)), 0);
+    EXPECT_EQ(dc.GetPixel(111, 81), kPaper);
 }
 
 TEST(PixelRules, PolygonFillsBeforeItsOutline) {
