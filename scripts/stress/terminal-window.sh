@@ -15,6 +15,8 @@
 # SECONDS defaults to 600 (or $STRESS_SECONDS), SEED to 1 (or $STRESS_SEED).
 # $STRESS_BUILD names the build directory (default build/asan; build it with
 # `cmake --preset asan && cmake --build --preset asan -j2 --target terminal_host x11_wm_close`).
+# $STRESS_WM names a window manager to run on the display (openbox, say);
+# there is none by default.
 # The ten-minute run:  scripts/stress/terminal-window.sh 600 1
 # Needs Xvfb, xdotool, xclip and xrestop (scripts/deps.sh installs them).
 # Exit status 0 when every check held; the summary says what failed otherwise.
@@ -37,8 +39,10 @@ done
 dir=$(mktemp -d /tmp/terminal-stress.XXXXXX)
 xvfb_pid=""
 host_pid=""
+wm_pid=""
 cleanup() {
     [ -n "$host_pid" ] && kill "$host_pid" 2>/dev/null
+    [ -n "$wm_pid" ] && kill "$wm_pid" 2>/dev/null
     [ -n "$xvfb_pid" ] && kill "$xvfb_pid" 2>/dev/null
     wait 2>/dev/null
 }
@@ -56,6 +60,16 @@ for _ in $(seq 100); do
 done
 [ -s "$dir/displayfd" ] || { echo "terminal-window: Xvfb did not start" >&2; exit 1; }
 export DISPLAY=":$(head -1 "$dir/displayfd")"
+if [ -n "${STRESS_WM:-}" ]; then
+    $STRESS_WM >"$dir/wm.log" 2>&1 &
+    wm_pid=$!
+    for _ in $(seq 100); do
+        xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q "window id" && break
+        sleep 0.1
+    done
+    # A manager may drop the windows mapped while it is still starting.
+    sleep 1
+fi
 
 seq 1 3000 | sed 's/$/ the quick brown fox jumps over the lazy dog/' >"$dir/text.txt"
 (
@@ -409,7 +423,7 @@ if ! [[ "$after" =~ ^windows\ 0,\ pens\ 0,\ brushes\ 0,\ fonts\ [0-2],\ bitmaps\
     failures+=("objects left after the window went: $after")
 fi
 
-echo "terminal-window: $seconds s, seed $seed, display $DISPLAY, log $dir"
+echo "terminal-window: $seconds s, seed $seed, display $DISPLAY${STRESS_WM:+ under $STRESS_WM}, log $dir"
 kinds=""
 for k in $(printf '%s\n' "${!done_count[@]}" | sort); do kinds+="$k ${done_count[$k]}, "; done
 echo "actions: $actions_done (${kinds%, })"

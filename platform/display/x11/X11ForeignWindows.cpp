@@ -24,7 +24,9 @@ constexpr uint32_t kSourcePager = 2;
 
 std::vector<xcb_window_t> Windows(const std::string& bytes) {
     std::vector<xcb_window_t> windows(bytes.size() / sizeof(xcb_window_t));
-    std::memcpy(windows.data(), bytes.data(), windows.size() * sizeof(xcb_window_t));
+    // A window manager with no clients lists none.
+    if (!windows.empty())
+        std::memcpy(windows.data(), bytes.data(), windows.size() * sizeof(xcb_window_t));
     return windows;
 }
 

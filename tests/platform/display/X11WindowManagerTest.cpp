@@ -1,5 +1,6 @@
 // Our top-level windows under a real window manager (openbox) on a private X
-// server: it adds no frame of its own to the one the window draws, a window
+// server: its empty client list lists no other window, it adds no frame of
+// its own to the one the window draws, a window
 // goes exactly where the program puts it, the manager's moves come back as
 // the window's position, and the pixels are the desktop's.
 #ifdef WIN_TEST_HAVE_XCB
@@ -79,7 +80,19 @@ protected:
         }
         xcb_destroy_window(probe, window);
         xcb_flush(probe);
+        // Gone from the manager's client list too.
+        const xcb_atom_t list = InternAtom(probe, "_NET_CLIENT_LIST");
+        for (int i = 0; i < 100 && taken && Clients(list) != 0; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
         return taken;
+    }
+
+    int Clients(xcb_atom_t list) {
+        xcb_get_property_reply_t* reply = xcb_get_property_reply(
+            probe, xcb_get_property(probe, 0, root, list, XCB_ATOM_WINDOW, 0, 1024), nullptr);
+        const int count = reply ? xcb_get_property_value_length(reply) / 4 : 0;
+        free(reply);
+        return count;
     }
 
     // The X window's parent (the manager's frame once it has taken it).
@@ -120,6 +133,15 @@ protected:
 };
 
 TEST_F(X11WindowManagerTest, TheWindowKeepsItsOwnFrameAndGoesWhereItIsPut) {
+    // The manager's client list is empty: no window of another program.
+    int others = 0;
+    EnumWindows(
+        [](HWND, LPARAM count) {
+            ++*reinterpret_cast<int*>(count);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&others));
+    EXPECT_EQ(others, 0);
     hwnd = CreateWindowEx(0, u"X11Managed", u"Managed", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100, 100,
                           400, 300, nullptr, nullptr, nullptr, nullptr);
     ASSERT_TRUE(PumpUntil([&] { return platform::display::XWindowOf(hwnd) != 0; }));
