@@ -87,7 +87,7 @@ bool TerminalWindow::Open(const Options& options, std::string* error) {
 
 // --- Output from the program ---
 
-void TerminalWindow::OnProgramReady() {
+void TerminalWindow::OnProgramReady(bool echo) {
     const auto start = std::chrono::steady_clock::now();
     char buffer[65536];
     std::size_t total = 0;
@@ -110,11 +110,12 @@ void TerminalWindow::OnProgramReady() {
         Feed(buffer, got);
         SendReplies();
         total += got;
-        // A short output (an echo, a prompt) is likely all there is for now:
-        // it is shown before the pty is asked for more, since that asking
-        // waits for the kernel to finish passing on what came. Anything that
-        // follows wakes the window again.
-        if (total < kDrawAsItComes || !inTime)
+        // A key's short echo is likely all there is for now: it is shown
+        // before the pty is asked for more, since that asking waits for the
+        // kernel to finish passing on what came. Anything that follows wakes
+        // the window again. (Other output reads on, so that a stream is not
+        // painted at every small read.)
+        if ((echo && total < kDrawAsItComes) || !inTime)
             break;
     }
     AfterOutput();
@@ -211,7 +212,7 @@ void TerminalWindow::Send(const std::string& bytes) {
     // a fraction of a millisecond: taking it now puts it in the same paint and
     // the same display update as the key.
     if (!m_ended && m_pty.WaitReadable(kEchoWaitMs))
-        OnProgramReady();
+        OnProgramReady(true);
 }
 
 // --- Painting and geometry ---

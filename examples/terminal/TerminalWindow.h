@@ -81,8 +81,8 @@ protected:
     void OnDestroy() override;
 
 private:
-    // Output from the program.
-    void OnProgramReady();
+    // Output from the program; echo when it is read right after a key.
+    void OnProgramReady(bool echo = false);
     void Feed(const char* data, std::size_t size);
     void SendReplies();
     void AfterOutput();
