@@ -237,7 +237,8 @@ LRESULT DispatchMessage(const MSG* msg) {
         return 0;
     // A button pressed inside a document window activates that document
     // first, as the window system's mouse activation does.
-    if (msg->message == WM_LBUTTONDOWN || msg->message == WM_RBUTTONDOWN)
+    if (msg->message == WM_LBUTTONDOWN || msg->message == WM_RBUTTONDOWN ||
+        msg->message == WM_NCLBUTTONDOWN || msg->message == WM_NCLBUTTONDBLCLK)
         for (Window* w = Manager().Find(msg->hwnd); w && w != Manager().Desktop(); w = w->parent)
             if (w->exStyle & WS_EX_MDICHILD) {
                 SendMessage(w->handle, WM_CHILDACTIVATE, 0, 0);

@@ -102,6 +102,15 @@ bool IsDoubleClick(HWND target, MouseButton button, POINT desktop, unsigned time
     return PairsWithLast(target, false, button, desktop, time) && wantsDouble;
 }
 
+// The top-level window, or a child with a caption or sizing edges of its
+// own (a document window); a control's border is no frame to act on.
+bool HasOwnFrame(HWND target, HWND top) {
+    if (target == top)
+        return true;
+    const LONG_PTR style = GetWindowLongPtr(target, GWL_STYLE);
+    return (style & WS_CAPTION) == WS_CAPTION || (style & WS_THICKFRAME);
+}
+
 } // namespace
 
 void PostButton(HWND top, POINT desktop, MouseButton button, bool down, WPARAM keys,
@@ -114,8 +123,9 @@ void PostButton(HWND top, POINT desktop, MouseButton button, bool down, WPARAM k
     // A press on the frame a window draws (its menu bar, caption, close box
     // or sizing edges) is a non-client press, which the window or the
     // default procedure acts on: the window manager's own frame around it,
-    // on a display, stays the window manager's.
-    if (down && button == MouseButton::Left && target == top && !GetCapture()) {
+    // on a display, stays the window manager's. A document window inside
+    // the top-level one has a frame of its own.
+    if (down && button == MouseButton::Left && HasOwnFrame(target, top) && !GetCapture()) {
         const LRESULT hit = SendMessage(target, WM_NCHITTEST, 0, MAKELPARAM(desktop.x, desktop.y));
         if (hit != HTCLIENT && hit != HTNOWHERE && hit != HTBORDER && hit > 0) {
             const bool isDouble = PairsWithLast(target, true, button, desktop, time);

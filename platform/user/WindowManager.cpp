@@ -34,6 +34,13 @@ void WindowManager::ResizeDesktop(int width, int height) {
         InvalidateRect(window->handle, nullptr, TRUE);
         pending.insert(pending.end(), window->children.begin(), window->children.end());
     }
+    // A maximised window fills the new desktop, as it does when the screen's
+    // resolution changes.
+    for (Window* window : std::vector<Window*>(m_desktop.children))
+        if (window->placement == Window::Placement::Maximized) {
+            const RECT r = MaximizedRectOf(window);
+            MoveWindow(window->handle, r.left, r.top, r.right - r.left, r.bottom - r.top, TRUE);
+        }
 }
 
 std::u16string WindowManager::Fold(const std::u16string& name) {

@@ -162,6 +162,79 @@ TEST_F(X11WindowsTest, TheFrameTheWindowDrawsMovesSizesMaximisesAndClosesIt) {
     EXPECT_TRUE(PumpUntil([&] { return !IsWindow(hwnd); }));
 }
 
+HWND g_mdiClient = nullptr;
+
+LRESULT MdiFrameProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return DefFrameProc(hwnd, g_mdiClient, message, wParam, lParam);
+}
+
+TEST_F(X11WindowsTest, ADocumentWindowIsActivatedMovedAndMaximisedByItsOwnCaption) {
+    if (Run("xdotool version") != 0)
+        GTEST_SKIP() << "xdotool is not installed";
+    WNDCLASS frameClass{};
+    frameClass.lpfnWndProc = MdiFrameProc;
+    frameClass.lpszClassName = u"X11MdiFrame";
+    RegisterClass(&frameClass);
+    WNDCLASS childClass{};
+    childClass.lpfnWndProc = DefMDIChildProc;
+    childClass.lpszClassName = u"X11MdiChild";
+    childClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+    RegisterClass(&childClass);
+    HWND frame = CreateWindowEx(0, u"X11MdiFrame", u"Documents", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+                                40, 30, 600, 450, nullptr, nullptr, nullptr, nullptr);
+    windows.push_back(frame);
+    RECT area{};
+    GetClientRect(frame, &area);
+    CLIENTCREATESTRUCT ccs{nullptr, 0xFF00};
+    g_mdiClient = CreateWindowEx(0, u"MDICLIENT", nullptr, WS_CHILD | WS_CLIPCHILDREN | WS_VISIBLE,
+                                 0, 0, area.right, area.bottom, frame, nullptr, nullptr, &ccs);
+    auto document = [](const char16_t* title, int x, int y) {
+        MDICREATESTRUCT mcs{u"X11MdiChild", title, nullptr, x, y, 250, 180, WS_VISIBLE, 0};
+        return reinterpret_cast<HWND>(
+            SendMessage(g_mdiClient, WM_MDICREATE, 0, reinterpret_cast<LPARAM>(&mcs)));
+    };
+    HWND first = document(u"First", 10, 10);
+    HWND second = document(u"Second", 300, 150);
+    ASSERT_TRUE(first && second);
+    ASSERT_TRUE(PumpUntil([&] { return platform::display::XWindowOf(frame) != 0; }));
+    auto active = [] {
+        return reinterpret_cast<HWND>(SendMessage(g_mdiClient, WM_MDIGETACTIVE, 0, 0));
+    };
+    ASSERT_EQ(active(), second);
+    auto rect = [](HWND hwnd) {
+        RECT r{};
+        GetWindowRect(hwnd, &r);
+        return r;
+    };
+    // A drag on the first one's caption brings it forward and moves it.
+    const RECT before = rect(first);
+    const std::string from =
+        std::to_string(before.left + 60) + " " + std::to_string(before.top + 10);
+    const std::string to =
+        std::to_string(before.left + 100) + " " + std::to_string(before.top + 35);
+    ASSERT_EQ(Run("xdotool mousemove " + from + " sleep 0.1 mousedown 1 sleep 0.1 mousemove " + to +
+                  " sleep 0.1 mouseup 1 >/dev/null 2>&1 &"),
+              0);
+    ASSERT_TRUE(PumpUntil([&] { return rect(first).left == before.left + 40; }));
+    EXPECT_EQ(rect(first).top, before.top + 25);
+    EXPECT_EQ(active(), first);
+    // A double click on its caption maximises it inside the frame.
+    const RECT moved = rect(first);
+    ASSERT_EQ(Run("xdotool mousemove " + std::to_string(moved.left + 60) + " " +
+                  std::to_string(moved.top + 10) + " click --repeat 2 --delay 80 1"),
+              0);
+    ASSERT_TRUE(PumpUntil([&] { return IsZoomed(first) != FALSE; }));
+    EXPECT_FALSE(IsZoomed(frame));
+    RECT client{};
+    GetClientRect(g_mdiClient, &client);
+    POINT corner{0, 0};
+    ClientToScreen(first, &corner);
+    POINT clientCorner{0, 0};
+    ClientToScreen(g_mdiClient, &clientCorner);
+    EXPECT_EQ(corner.x, clientCorner.x);
+    EXPECT_EQ(corner.y, clientCorner.y);
+}
+
 // On a screen bigger than the headless desktop.
 class X11WideScreenTest : public X11WindowsTest {
 protected:
@@ -184,11 +257,20 @@ TEST_F(X11WideScreenTest, TheDesktopIsTheScreenAndAWindowShowsAnywhereOnIt) {
     RECT zoomed{};
     GetWindowRect(hwnd, &zoomed);
     EXPECT_TRUE(zoomed.left < 0 && zoomed.top < 0 && zoomed.right > 1920 && zoomed.bottom > 1080);
-    // The headless desktop comes back with the display's end.
-    DestroyWindow(hwnd);
+    // The headless desktop comes back with the display's end, and the
+    // maximised window fills it; the screen, opened again, fills it again.
     platform::display::Close();
     EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN), 1280);
     EXPECT_EQ(GetSystemMetrics(SM_CYSCREEN), 1024);
+    GetWindowRect(hwnd, &zoomed);
+    EXPECT_TRUE(zoomed.left < 0 && zoomed.right > 1280 && zoomed.right < 1300 &&
+                zoomed.bottom > 1024 && zoomed.bottom < 1044);
+    EXPECT_TRUE(IsZoomed(hwnd));
+    std::string error;
+    ASSERT_TRUE(platform::display::OpenX11(server->Name().c_str(), &error)) << error;
+    GetWindowRect(hwnd, &zoomed);
+    EXPECT_TRUE(zoomed.right > 1920 && zoomed.bottom > 1080);
+    DestroyWindow(hwnd);
 }
 
 TEST_F(X11WindowsTest, TheMiddleButtonItsDoubleClickAndTheHeldKeysArrive) {
