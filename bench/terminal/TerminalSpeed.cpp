@@ -6,7 +6,9 @@
 //   into the terminal's pty until the terminal has taken in its last byte:
 //   the script in the terminal times `cat corpus` followed by a cursor
 //   position request, whose answer the terminal can only send once it has
-//   parsed everything before it;
+//   parsed everything before it; the same script in a bare pty reader
+//   (--floor, pty_floor), which parses and draws nothing, shows what the
+//   kernel's pty allows;
 // - keystroke latency: a key pressed through XTEST (as a keyboard does) until
 //   the first pixel of the terminal's window changes (the echo of the key),
 //   read back by polling GetImage on the rows the echo lands on; median and
@@ -42,6 +44,8 @@ using Clock = std::chrono::steady_clock;
 
 struct Options {
     std::string ours;
+    // The bare pty reader, timed for throughput beside the terminals.
+    std::string floor;
     std::size_t bytes = 4000000;
     int rounds = 5;
     int keys = 40;
@@ -58,6 +62,8 @@ bool ParseOptions(int argc, char** argv, Options& options) {
         const char* value = argv[i + 1];
         if (arg == "--ours")
             options.ours = value;
+        else if (arg == "--floor")
+            options.floor = value;
         else if (arg == "--bytes")
             options.bytes = std::strtoul(value, nullptr, 10);
         else if (arg == "--rounds")
@@ -203,10 +209,10 @@ int main(int argc, char** argv) {
         return 0;
     }
     std::vector<std::string> missing;
-    std::vector<Terminal> terminals = Terminals(options.ours, &missing);
+    std::vector<Terminal> terminals = Terminals(options.ours, options.floor, &missing);
     if (!options.peers.empty())
         std::erase_if(terminals, [&](const Terminal& t) {
-            return !t.ours &&
+            return !t.ours && !t.floor &&
                    ("," + options.peers + ",").find("," + t.name + ",") == std::string::npos;
         });
     for (const std::string& peer : missing)
@@ -250,6 +256,8 @@ int main(int argc, char** argv) {
         }
         for (std::size_t k = 0; k < terminals.size(); ++k) {
             const Terminal& t = terminals[(k + static_cast<std::size_t>(round)) % terminals.size()];
+            if (t.floor)
+                continue;
             const std::vector<double> samples = bench.Latency(t);
             latencies[t.name].insert(latencies[t.name].end(), samples.begin(), samples.end());
             latencyRounds[t.name].push_back(Median(samples));
@@ -276,6 +284,17 @@ int main(int argc, char** argv) {
     };
     for (const Terminal& t : terminals) {
         char line[256];
+        if (t.floor) {
+            // How near ours comes to what the kernel's pty allows: above 1
+            // would be faster than reading and dropping the bytes.
+            std::snprintf(line, sizeof line, "  %s throughput median %8.1f ms\n", t.name.c_str(),
+                          Median(seconds[t.name]) * 1000);
+            report += line;
+            measures.push_back({"terminal-window-plain-throughput-vs-" + t.name, "ms",
+                                Median(seconds["ours"]) * 1000, t.name,
+                                Median(seconds[t.name]) * 1000, roundRatios(seconds, t.name)});
+            continue;
+        }
         std::snprintf(line, sizeof line,
                       "  %-6s throughput median %8.1f ms; key latency median %6.2f ms, p99 %6.2f "
                       "ms (%zu keys)\n",

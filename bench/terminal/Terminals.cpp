@@ -31,6 +31,8 @@ std::vector<std::string> Terminal::Command(const std::string& title,
     // font, st's 12-pixel Liberation Mono), so every window is about as big.
     if (ours)
         return {program, "--window", "--size", "12", "--run", "bash", "-c", script, title};
+    if (floor)
+        return {program, "bash", "-c", script, title};
     // qterminal has no option for the title or the size: the script names its
     // window (the title is its $0), which opens at its own 600x420.
     if (name == "qterminal")
@@ -64,7 +66,8 @@ std::vector<std::string> Terminal::Command(const std::string& title,
     return command;
 }
 
-std::vector<Terminal> Terminals(const std::string& oursPath, std::vector<std::string>* missing) {
+std::vector<Terminal> Terminals(const std::string& oursPath, const std::string& floorPath,
+                                std::vector<std::string>* missing) {
     std::vector<Terminal> terminals;
     Terminal ours{"ours", oursPath};
     ours.ours = true;
@@ -75,6 +78,11 @@ std::vector<Terminal> Terminals(const std::string& oursPath, std::vector<std::st
             terminals.push_back(Terminal{peer, peer});
         else
             missing->push_back(peer);
+    }
+    if (!floorPath.empty()) {
+        Terminal floor{"bare-pty-reader", floorPath};
+        floor.floor = true;
+        terminals.push_back(floor);
     }
     return terminals;
 }

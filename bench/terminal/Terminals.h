@@ -15,12 +15,16 @@ struct Terminal {
     // bash -c script (the title also follows as the script's $0).
     std::vector<std::string> Command(const std::string& title, const std::string& script) const;
     bool ours = false;
+    // The bare pty reader (pty_floor): no window, so no latency.
+    bool floor = false;
 };
 
 // Our terminal_host --window, then xterm, urxvt, st, mlterm, lxterminal (VTE),
 // Eterm, qterminal (Qt) and the OpenGL ones, alacritty, kitty and zutty; peers not installed
 // are named in *missing and left out.
-std::vector<Terminal> Terminals(const std::string& oursPath, std::vector<std::string>* missing);
+// With floorPath, the bare pty reader last.
+std::vector<Terminal> Terminals(const std::string& oursPath, const std::string& floorPath,
+                                std::vector<std::string>* missing);
 
 // Starts a terminal on display with extra environment NAME=VALUE entries;
 // its output goes to /dev/null. -1 when it cannot start.

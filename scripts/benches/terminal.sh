@@ -4,7 +4,9 @@
 # private Xvfb, in interleaved rounds: the time to take in a plain-text corpus
 # written into the terminal's pty (until the terminal answers the cursor
 # position request that follows it), and the keystroke latency from an XTEST
-# key press to the first changed pixel of the window. Writes
+# key press to the first changed pixel of the window. The throughput is also set
+# beside a bare reader of the same pty (pty_floor), which parses and draws
+# nothing: what the kernel allows. Writes
 # <out>/terminal.measures.json and <out>/terminal.report.txt (absolute times,
 # latency medians and 99th percentiles). Skips, saying so, without Xvfb or
 # without any peer terminal.
@@ -17,6 +19,6 @@ if [ ! -x "$exe" ]; then
     echo "terminal_speed not built (xcb or xcb-xtest missing?); terminal window bench skipped" >&2
     exit 0
 fi
-"$exe" --ours "$build/examples/terminal/terminal_host" --bytes "${WIN_TERMINAL_BENCH_BYTES:-4000000}" \
+"$exe" --ours "$build/examples/terminal/terminal_host" --floor "$build/bench/terminal/pty_floor" --bytes "${WIN_TERMINAL_BENCH_BYTES:-4000000}" \
     --rounds "${WIN_TERMINAL_BENCH_ROUNDS:-5}" --keys "${WIN_TERMINAL_BENCH_KEYS:-40}" \
     --json "$out/terminal.measures.json" --report "$out/terminal.report.txt"
