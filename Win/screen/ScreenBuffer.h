@@ -45,6 +45,27 @@ public:
         }
         PutCharWrapping(ch);
     }
+    // PutChar for each of count characters (bytes taken as code points), as
+    // many as the common case takes in one go: up to the row's last visible
+    // column, none where the general case applies. Returns how many it wrote;
+    // the caller puts the next one with PutChar.
+    std::size_t PutChars(const unsigned char* text, std::size_t count) {
+        const int row = m_cursor.m_row;
+        const int col = m_cursor.m_col;
+        const int room = VisColumns() - col;
+        if (room <= 0 || row >= VisRows() || m_insertMode || m_pDC || ActiveSelection())
+            return 0;
+        const std::size_t n =
+            count < static_cast<std::size_t>(room) ? count : static_cast<std::size_t>(room);
+        ScreenChar* cell = Row(row) + col;
+        const int charSet = m_charSets[m_shift];
+        FontStyle* const style = m_style;
+        FontStyle* const selStyle = m_selStyle;
+        for (std::size_t i = 0; i < n; ++i)
+            cell[i].Set(text[i], charSet, style, selStyle);
+        m_cursor.m_col = col + static_cast<int>(n);
+        return n;
+    }
     void AutoWrapCursor();
     void Index();
     void ScrollLine(ScrollDirection direction);

@@ -17,8 +17,15 @@ void Vt100Parser::Feed(const char* data, std::size_t size) {
         // Runs of printable ASCII are by far the most common input: they go to
         // the screen without passing through the state machine.
         if (m_state == State::Ground && m_utf8Pending == 0) {
-            while (p < end && *p >= 0x20 && *p < 0x7F)
-                m_screen.PutChar(*p++);
+            const unsigned char* run = p;
+            while (run < end && *run >= 0x20 && *run < 0x7F)
+                ++run;
+            while (p < run) {
+                const std::size_t put = m_screen.PutChars(p, static_cast<std::size_t>(run - p));
+                p += put;
+                if (put == 0)
+                    m_screen.PutChar(*p++); // wraps, inserts, draws or ends a selection
+            }
             if (p == end)
                 break;
         }

@@ -179,3 +179,50 @@ TEST_F(OutputTest, ManyScrollsOfAWideRegionKeepRowsDistinct) {
     EXPECT_EQ(Line(38), "line199");
     EXPECT_EQ(Line(0), "line161");
 }
+
+// PutChars writes what PutChar would, cell for cell, as far as the common case
+// goes, and leaves the rest to PutChar.
+TEST_F(OutputTest, PutCharsWritesWhatPutCharWouldUpToTheRowsEnd) {
+    const std::string text = Letters(100);
+    const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
+    screen.SetAutoWrapMode(true);
+    screen.SetVideoBold();
+    screen.SetCharSetSpecialGraphics(1);
+    screen.ShiftOut();
+    screen.CursorPosition(3, 71);
+    EXPECT_EQ(screen.PutChars(bytes, text.size()), 10u);
+    EXPECT_EQ(screen.GetCol(), 81);
+    // At the pending wrap nothing more fits; PutChar wraps.
+    EXPECT_EQ(screen.PutChars(bytes + 10, 5), 0u);
+
+    ScreenBuffer other{layout};
+    ScreenBufferProbe otherProbe{other};
+    other.SetAutoWrapMode(true);
+    other.SetVideoBold();
+    other.SetCharSetSpecialGraphics(1);
+    other.ShiftOut();
+    other.CursorPosition(3, 71);
+    for (int i = 0; i < 10; ++i)
+        other.PutChar(static_cast<WCHAR>(bytes[i]));
+    for (int col = 0; col < 80; ++col) {
+        const ScreenChar& ours = probe.Cell(2, col);
+        const ScreenChar& theirs = otherProbe.Cell(2, col);
+        EXPECT_EQ(ours.GetValue(), theirs.GetValue()) << col;
+        EXPECT_EQ(ours.GetCharSet(), theirs.GetCharSet()) << col;
+        EXPECT_EQ(ours.GetStyle(), theirs.GetStyle()) << col;
+    }
+    EXPECT_EQ(probe.Cell(2, 75).GetCharSet(), probe.CharSet(1));
+}
+
+TEST_F(OutputTest, PutCharsLeavesInsertModeAndASelectionToPutChar) {
+    const unsigned char text[] = {'x', 'y'};
+    Write("abc");
+    screen.CursorPosition(1, 1);
+    screen.SetInsertMode(true);
+    EXPECT_EQ(screen.PutChars(text, 2), 0u);
+    screen.SetInsertMode(false);
+    screen.Select(CursorPos(0, 0), CursorPos(0, 2));
+    EXPECT_EQ(screen.PutChars(text, 2), 0u);
+    EXPECT_EQ(Line(0), "abc");
+    EXPECT_EQ(screen.GetCol(), 1);
+}
