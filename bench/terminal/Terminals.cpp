@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <sched.h>
 #include <sstream>
 #include <sys/wait.h>
 #include <thread>
@@ -88,7 +89,7 @@ std::vector<Terminal> Terminals(const std::string& oursPath, const std::string& 
 }
 
 pid_t Launch(const Terminal& terminal, const std::vector<std::string>& command,
-             const std::string& display, const std::vector<std::string>& environment) {
+             const std::string& display, const std::vector<std::string>& environment, int cpu) {
     std::vector<char*> args;
     for (const std::string& arg : command)
         args.push_back(const_cast<char*>(arg.c_str()));
@@ -96,6 +97,13 @@ pid_t Launch(const Terminal& terminal, const std::vector<std::string>& command,
     const pid_t pid = fork();
     if (pid != 0)
         return pid;
+    if (cpu >= 0) {
+        cpu_set_t set;
+        CPU_ZERO(&set);
+        CPU_SET(cpu, &set);
+        if (sched_setaffinity(0, sizeof set, &set) != 0)
+            _exit(126);
+    }
     setenv("DISPLAY", display.c_str(), 1);
     if (terminal.ours)
         setenv("WIN_DISPLAY", "x11", 1);

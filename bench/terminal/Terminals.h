@@ -27,9 +27,10 @@ std::vector<Terminal> Terminals(const std::string& oursPath, const std::string& 
                                 std::vector<std::string>* missing);
 
 // Starts a terminal on display with extra environment NAME=VALUE entries;
-// its output goes to /dev/null. -1 when it cannot start.
+// its output goes to /dev/null. With cpu 0 or more, the terminal and every
+// process it starts run on that processor alone. -1 when it cannot start.
 pid_t Launch(const Terminal& terminal, const std::vector<std::string>& command,
-             const std::string& display, const std::vector<std::string>& environment);
+             const std::string& display, const std::vector<std::string>& environment, int cpu = -1);
 // Waits up to seconds for the process to end, then kills it. True when it
 // ended by itself.
 bool WaitOrKill(pid_t pid, double seconds);

@@ -6,7 +6,8 @@
 # position request that follows it), and the keystroke latency from an XTEST
 # key press to the first changed pixel of the window. The throughput is also set
 # beside a bare reader of the same pty (pty_floor), which parses and draws
-# nothing: what the kernel allows. Writes
+# nothing: what the kernel allows; and all of it again with each terminal and its
+# program on one processor. Writes
 # <out>/terminal.measures.json and <out>/terminal.report.txt (absolute times,
 # latency medians and 99th percentiles). Skips, saying so, without Xvfb or
 # without any peer terminal.
