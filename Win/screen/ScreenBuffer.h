@@ -37,8 +37,7 @@ public:
     void PutChar(WCHAR ch) {
         const int row = m_cursor.m_row;
         const int col = m_cursor.m_col;
-        if (col < VisColumns() && row < VisRows() && !m_insertMode && !m_pDC &&
-            !ActiveSelection()) {
+        if (col < VisColumns() && WritesPlainly(row)) {
             Cell(row, col).Set(ch, m_charSets[m_shift], m_style, m_selStyle);
             m_cursor.m_col = col + 1;
             return;
@@ -53,7 +52,7 @@ public:
         const int row = m_cursor.m_row;
         const int col = m_cursor.m_col;
         const int room = VisColumns() - col;
-        if (room <= 0 || row >= VisRows() || m_insertMode || m_pDC || ActiveSelection())
+        if (room <= 0 || !WritesPlainly(row))
             return 0;
         const std::size_t n =
             count < static_cast<std::size_t>(room) ? count : static_cast<std::size_t>(room);
@@ -211,6 +210,11 @@ private:
     void RedrawScrollingRegion();
     // PutChar's general case: ends a selection, wraps, inserts and draws.
     void PutCharWrapping(WCHAR ch);
+    // Whether a character written in a visible column of row only stores its
+    // cell: the row is visible, and there is no insert mode, DC or selection.
+    bool WritesPlainly(int row) const {
+        return row < VisRows() && !m_insertMode && !m_pDC && !ActiveSelection();
+    }
 
     // Row storage. Rows are addressed through m_rows, a table of pointers into
     // m_buffer that scrolling and line insertion rotate instead of moving cells.

@@ -257,19 +257,16 @@ int main(int argc, char** argv) {
 
     std::map<std::string, std::vector<double>> seconds, oneCpuSeconds, latencyRounds, latencies;
     for (int round = 0; round < options.rounds; ++round) {
-        for (std::size_t k = 0; k < terminals.size(); ++k) {
-            const Terminal& t = terminals[(k + static_cast<std::size_t>(round)) % terminals.size()];
-            const double s = bench.Throughput(t, corpus, -1);
-            seconds[t.name].push_back(s);
-            std::printf("round %d  %-6s throughput %8.1f ms\n", round, t.name.c_str(), s * 1000);
-        }
-        for (std::size_t k = 0; k < terminals.size(); ++k) {
-            const Terminal& t = terminals[(k + static_cast<std::size_t>(round)) % terminals.size()];
-            const double s = bench.Throughput(t, corpus, kOneCpu);
-            oneCpuSeconds[t.name].push_back(s);
-            std::printf("round %d  %-6s throughput on one processor %8.1f ms\n", round,
-                        t.name.c_str(), s * 1000);
-        }
+        // Every terminal free, then every terminal on one processor.
+        for (const int cpu : {-1, kOneCpu})
+            for (std::size_t k = 0; k < terminals.size(); ++k) {
+                const Terminal& t =
+                    terminals[(k + static_cast<std::size_t>(round)) % terminals.size()];
+                const double s = bench.Throughput(t, corpus, cpu);
+                (cpu < 0 ? seconds : oneCpuSeconds)[t.name].push_back(s);
+                std::printf("round %d  %-6s throughput%s %8.1f ms\n", round, t.name.c_str(),
+                            cpu < 0 ? "" : " on one processor", s * 1000);
+            }
         for (std::size_t k = 0; k < terminals.size(); ++k) {
             const Terminal& t = terminals[(k + static_cast<std::size_t>(round)) % terminals.size()];
             if (t.floor)
